@@ -1,0 +1,259 @@
+#include "shell/files.h"
+
+#include <chrono>
+#include <cstdio>
+#include <ctime>
+#include <system_error>
+
+#include "shell/text.h"
+#include "shell/workspace.h"
+
+namespace kv {
+namespace fs = std::filesystem;
+
+namespace {
+
+// Files larger than this are damaged beyond use for a text table; reading
+// stops there instead of taking all memory.
+constexpr std::uintmax_t kMaxReadBytes = 256u * 1024u * 1024u;
+
+// The entry of `dir` whose name equals `part` without regard to case.
+fs::path FindNoCase(const fs::path& dir, const std::string& part) {
+    std::error_code ec;
+    fs::directory_iterator it(dir.empty() ? fs::path(".") : dir, ec);
+    if (ec) return {};
+    for (const auto& e : it) {
+        const std::string name = e.path().filename().string();
+        if (EqualsNoCase(name, part)) return dir / name;
+    }
+    return {};
+}
+
+}  // namespace
+
+fs::path ResolveName(const fs::path& dataDir, std::string_view name) {
+    std::string n(name);
+    const bool bare = n.find('/') == std::string::npos && n.find('\\') == std::string::npos;
+    for (char& c : n)
+        if (c == '\\') c = '/';
+    fs::path given = bare ? dataDir / n : fs::path(n);
+    std::error_code ec;
+    if (fs::exists(given, ec)) return given;
+    // Walk the parts and take each one in whatever case it exists.
+    fs::path cur = given.root_path();
+    fs::path rel = given.relative_path();
+    bool found = true;
+    for (const auto& part : rel) {
+        const std::string p = part.string();
+        if (p.empty()) continue;
+        if (found) {
+            fs::path exact = cur / part;
+            if (fs::exists(exact, ec)) { cur = exact; continue; }
+            if (p != "." && p != "..") {
+                fs::path match = FindNoCase(cur, p);
+                if (!match.empty()) { cur = match; continue; }
+            }
+            found = false;
+        }
+        cur /= part;
+    }
+    return cur;
+}
+
+fs::path ResolveName(const Workspace& ws, std::string_view name) { return ResolveName(ws.DataDir(), name); }
+
+std::uintmax_t FileLength(const fs::path& path) {
+    std::error_code ec;
+    if (!fs::is_regular_file(path, ec)) return 0;
+    const auto size = fs::file_size(path, ec);
+    return ec ? 0 : size;
+}
+
+std::uintmax_t FileLength(const Workspace& ws, std::string_view name) { return FileLength(ResolveName(ws, name)); }
+
+std::string ReadWholeFile(const fs::path& path) {
+    std::error_code ec;
+    if (!fs::is_regular_file(path, ec)) return {};
+    std::ifstream in(path, std::ios::binary);
+    if (!in) return {};
+    std::string out;
+    char buf[65536];
+    while (in && out.size() < kMaxReadBytes) {
+        in.read(buf, sizeof buf);
+        out.append(buf, static_cast<std::size_t>(in.gcount()));
+    }
+    return out;
+}
+
+void ClearReadOnly(const fs::path& path) {
+    std::error_code ec;
+    if (fs::exists(path, ec))
+        fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ec);
+}
+
+bool WriteFileAtomic(const fs::path& path, std::string_view content) {
+    std::error_code ec;
+    if (path.has_parent_path() && !fs::exists(path.parent_path(), ec)) return false;
+    ClearReadOnly(path);
+    fs::path tmp = path;
+    tmp += ".tmp~";
+    {
+        std::ofstream out(tmp, std::ios::binary | std::ios::trunc);
+        if (!out) return false;
+        out.write(content.data(), static_cast<std::streamsize>(content.size()));
+        out.flush();
+        if (!out) {
+            out.close();
+            fs::remove(tmp, ec);
+            return false;
+        }
+    }
+    fs::rename(tmp, path, ec);
+    if (ec) {
+        fs::remove(tmp, ec);
+        return false;
+    }
+    return true;
+}
+
+RecordReader OpenIn(const fs::path& path) {
+    ClearReadOnly(path);
+    return RecordReader(ReadWholeFile(path));
+}
+
+RecordReader OpenIn(const Workspace& ws, std::string_view name) { return OpenIn(ResolveName(ws, name)); }
+
+OutFile::OutFile(fs::path path, Mode mode) : path_(std::move(path)), mode_(mode), open_(true) {
+    ClearReadOnly(path_);
+}
+
+OutFile::OutFile(OutFile&& o) noexcept
+    : path_(std::move(o.path_)), mode_(o.mode_), writer_(std::move(o.writer_)), open_(o.open_) {
+    o.open_ = false;
+}
+
+OutFile& OutFile::operator=(OutFile&& o) noexcept {
+    if (this != &o) {
+        Close();
+        path_ = std::move(o.path_);
+        mode_ = o.mode_;
+        writer_ = std::move(o.writer_);
+        open_ = o.open_;
+        o.open_ = false;
+    }
+    return *this;
+}
+
+OutFile::~OutFile() { Close(); }
+
+bool OutFile::Close() {
+    if (!open_) return true;
+    open_ = false;
+    const std::string text = writer_.Take();
+    if (mode_ == Mode::Output) return WriteFileAtomic(path_, text);
+    std::ofstream out(path_, std::ios::binary | std::ios::app);
+    if (!out) return false;
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    return static_cast<bool>(out);
+}
+
+OutFile OpenOut(const fs::path& path) { return OutFile(path, OutFile::Mode::Output); }
+OutFile OpenOut(const Workspace& ws, std::string_view name) { return OpenOut(ResolveName(ws, name)); }
+OutFile OpenAppend(const fs::path& path) { return OutFile(path, OutFile::Mode::Append); }
+OutFile OpenAppend(const Workspace& ws, std::string_view name) { return OpenAppend(ResolveName(ws, name)); }
+
+RandomFile::RandomFile(fs::path path, int recordLength)
+    : path_(std::move(path)), recordLength_(recordLength > 0 ? recordLength : kDefaultRecordLength) {
+    ClearReadOnly(path_);
+}
+
+long long RandomFile::RecordCount() const {
+    return static_cast<long long>(FileLength(path_) / static_cast<std::uintmax_t>(recordLength_));
+}
+
+bool RandomFile::Get(long long number, std::string& record) const {
+    if (number < 1) return false;
+    std::ifstream in(path_, std::ios::binary);
+    if (!in) return false;
+    const long long offset = (number - 1) * recordLength_;
+    if (static_cast<std::uintmax_t>(offset) >= FileLength(path_)) return false;
+    in.seekg(offset);
+    std::string buf(static_cast<std::size_t>(recordLength_), '\0');
+    in.read(buf.data(), recordLength_);
+    buf.resize(static_cast<std::size_t>(in.gcount()));
+    record = std::move(buf);
+    return true;
+}
+
+bool RandomFile::Put(long long number, std::string_view record) {
+    if (number < 1) return false;
+    std::error_code ec;
+    if (!fs::exists(path_, ec)) {
+        std::ofstream create(path_, std::ios::binary);
+        if (!create) return false;
+    }
+    std::fstream io(path_, std::ios::binary | std::ios::in | std::ios::out);
+    if (!io) return false;
+    // Records between the end of the file and this one are filled with blanks.
+    const auto length = static_cast<long long>(FileLength(path_));
+    const long long offset = (number - 1) * recordLength_;
+    if (offset > length) {
+        io.seekp(length);
+        const std::string fill(static_cast<std::size_t>(offset - length), ' ');
+        io.write(fill.data(), static_cast<std::streamsize>(fill.size()));
+    }
+    std::string buf(record.substr(0, static_cast<std::size_t>(recordLength_)));
+    buf.resize(static_cast<std::size_t>(recordLength_), ' ');
+    io.seekp(offset);
+    io.write(buf.data(), recordLength_);
+    return static_cast<bool>(io);
+}
+
+RandomFile OpenRandom(const Workspace& ws, std::string_view name, int recordLength) {
+    return RandomFile(ResolveName(ws, name), recordLength);
+}
+
+bool DeleteFile(Workspace& ws, std::string_view name) {
+    const bool bare = name.find('/') == std::string_view::npos && name.find('\\') == std::string_view::npos;
+    const fs::path path = ResolveName(ws, name);
+    std::error_code ec;
+    ClearReadOnly(path);
+    fs::remove(path, ec);
+    if (!bare) return !fs::exists(path, ec);
+    if (FileLength(path) == 0) return true;
+    ws.loeschFehler = true;
+    const Captions& c = ws.captions;
+    std::string text = "Can not delete/overwrite file:   - ";
+    text += std::string(name) + " - " + ws.project.DatenVerz + " : " + ws.lineEnd;
+    text += "System blocked." + ws.lineEnd;
+    text += c[Cap::DeleteBlocked1] + ws.lineEnd;
+    text += c[Cap::DeleteBlocked2] + ws.lineEnd;
+    text += c[Cap::DeleteBlockedClose];
+    ws.ui.Message(ws.Title(), text, MessageIcon::Error);
+    return false;
+}
+
+bool ConfirmOverwrite(Workspace& ws, std::string_view name, std::string_view windowCaption) {
+    if (FileLength(ResolveName(ws, name)) == 0) return true;
+    const Captions& c = ws.captions;
+    std::string title(windowCaption);
+    title += " " + ws.settings.VersionText;
+    std::string text(name);
+    text += " " + c[Cap::AlreadyExists] + "!" + ws.lineEnd + c[Cap::Overwrite] + "?";
+    return ws.ui.AskYesNo(title, text);
+}
+
+void WriteHistory(const Workspace& ws, std::string_view a, std::string_view b, std::string_view c,
+                  std::string_view d, std::string_view e) {
+    const std::time_t now = std::time(nullptr);
+    std::tm tm{};
+    localtime_r(&now, &tm);
+    char timeText[16];
+    std::snprintf(timeText, sizeof timeText, "%02d:%02d:%02d", tm.tm_hour, tm.tm_min, tm.tm_sec);
+    const Date today{tm.tm_year + 1900, tm.tm_mon + 1, tm.tm_mday};
+    OutFile out = OpenAppend((ws.historyDir.empty() ? fs::path(".") : ws.historyDir) / "KV_hist.log");
+    out.Write().Item(SystemDateText(today)).Item(std::string_view(timeText)).Item(a).Item(b).Item(c).Item(d).Item(e)
+        .Item(ws.project.AnlagenTyp).EndLine();
+}
+
+}  // namespace kv

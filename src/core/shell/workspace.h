@@ -1,0 +1,61 @@
+// Everything one run of the system works on, handed explicitly to what needs
+// it: the settings, the data directory, the open project, the working values
+// of the cycle, the caption tables and the user interface's callbacks. Tests
+// run many workspaces side by side.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "cycle/cycle_state.h"
+#include "project/project.h"
+#include "shell/captions.h"
+#include "shell/exchange.h"
+#include "shell/settings.h"
+#include "shell/user_interface.h"
+
+namespace kv {
+
+inline constexpr const char* kProductName = "Kelvaris";
+
+struct Workspace {
+    // Where kparam.dat lives. The data directory is named inside it.
+    std::filesystem::path settingsFile;
+    // The factory data directory whose files are installed into the data directory.
+    std::filesystem::path factoryDir;
+    // Folder whose "Kelvaris" subfolder is the default data directory (the
+    // user's documents folder).
+    std::filesystem::path documentsDir;
+    // Where the external programs of the family are looked for.
+    std::filesystem::path programDir;
+    // Where KV_hist.log is written (the current directory of the run).
+    std::filesystem::path historyDir;
+
+    Settings settings;
+    Project project;
+    CycleState cycle;
+    Captions captions;
+    UserInterface ui;
+
+    // Run state.
+    std::string lineEnd = "\r\n";
+    std::string labelSuffix = " :";
+    std::string productName = kProductName;
+    ExchangeData exchange;     // the exchange file as read at start
+    int statusWord = 0;        // status word of the exchange file at start
+    int optionMark = 0;        // set when a screen is opened in option mode
+    bool loeschFehler = false; // a file could not be deleted
+    bool settingsRead = false; // kparam.dat had content at start
+    int factoryFilesInstalled = 0;  // files copied from the factory data at start
+
+    std::filesystem::path DataDir() const { return std::filesystem::path(project.DatenVerz); }
+    // Title of the message boxes: product name and version.
+    std::string Title() const { return productName + " " + settings.VersionText; }
+};
+
+// A workspace with the usual places of a desktop user: kparam.dat in the
+// configuration folder, the documents folder from the XDG user directories,
+// the factory data beside the program or in the source tree.
+Workspace MakeDesktopWorkspace(const std::filesystem::path& programDir);
+
+}  // namespace kv

@@ -1,0 +1,188 @@
+#include "ui/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPushButton>
+#include <QScreen>
+#include <QThread>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "shell/captions.h"
+#include "shell/settings.h"
+#include "shell/startup.h"
+#include "shell/workspace.h"
+#include "ui/help_dialog.h"
+#include "ui/qt_interface.h"
+#include "ui/welcome_dialog.h"
+
+namespace kvui {
+
+namespace {
+
+QPushButton* MenuButton(const char* name) {
+    auto* b = new QPushButton;
+    b->setObjectName(QLatin1String(name));
+    b->setMinimumHeight(36);
+    b->setMinimumWidth(260);
+    return b;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent), ws_(ws) {
+    setObjectName(QStringLiteral("StartForm"));
+    auto* central = new QWidget;
+    auto* layout = new QVBoxLayout(central);
+    layout->setContentsMargins(24, 18, 24, 18);
+
+    auto* header = new QFrame;
+    header->setObjectName(QStringLiteral("headline"));
+    header->setStyleSheet(QStringLiteral("#headline { background: #12467a; border-radius: 4px; }"
+                                         "#headline QLabel { color: white; }"));
+    auto* headerLayout = new QVBoxLayout(header);
+    title_ = new QLabel;
+    QFont tf = title_->font();
+    tf.setPointSizeF(tf.pointSizeF() * 2.2);
+    tf.setBold(true);
+    title_->setFont(tf);
+    subtitle_ = new QLabel;
+    headerLayout->addWidget(title_);
+    headerLayout->addWidget(subtitle_);
+    layout->addWidget(header);
+
+    auto* menu = new QVBoxLayout;
+    menu->setSpacing(8);
+    help_ = MenuButton("Help");
+    info_ = MenuButton("Information");
+    printSetup_ = MenuButton("PrintSetup");
+    end_ = MenuButton("End");
+    for (QPushButton* b : {help_, info_, printSetup_}) menu->addWidget(b);
+    menu->addSpacing(12);
+    menu->addWidget(end_);
+    menu->addStretch(1);
+    auto* menuRow = new QHBoxLayout;
+    menuRow->addLayout(menu);
+    menuRow->addStretch(1);
+    layout->addSpacing(12);
+    layout->addLayout(menuRow, 1);
+
+    auto* languages = new QHBoxLayout;
+    for (std::string_view code : kv::kMenuLanguages) {
+        const QString c = QString::fromUtf8(code.data(), static_cast<int>(code.size()));
+        auto* b = new QPushButton(c);
+        b->setObjectName(QStringLiteral("lang_") + c);
+        b->setCheckable(true);
+        b->setMinimumWidth(52);
+        connect(b, &QPushButton::clicked, this, [this, c] { ChooseLanguage(c); });
+        languages->addWidget(b);
+        languageButtons_.push_back(b);
+    }
+    languages->addStretch(1);
+    layout->addLayout(languages);
+    setCentralWidget(central);
+
+    connect(help_, &QPushButton::clicked, this, &MainWindow::ShowHelp);
+    connect(info_, &QPushButton::clicked, this, &MainWindow::ShowInformation);
+    connect(printSetup_, &QPushButton::clicked, this, &MainWindow::PrintSetup);
+    connect(end_, &QPushButton::clicked, this, &MainWindow::EndRun);
+
+    // The window takes the screen's working area, leaving out the task bar.
+    if (QScreen* s = QGuiApplication::primaryScreen()) {
+        const QRect area = s->availableGeometry();
+        resize(std::min(area.width(), 1100), std::min(area.height(), 720));
+    }
+    FillCaptions();
+}
+
+void MainWindow::FillCaptions() {
+    const kv::Captions& c = ws_.captions;
+    setWindowTitle(Q(ws_.Title()));
+    title_->setText(Q(ws_.productName));
+    subtitle_->setText(Q(c[kv::Cap::WelcomeTitle]) + QStringLiteral("   ") + Q(ws_.settings.VersionText));
+    help_->setText(Q(c[kv::Cap::MenuHelp]));
+    info_->setText(Q(c[kv::Cap::MenuInformation]));
+    printSetup_->setText(Q(c[kv::Cap::MenuPrintSetup]));
+    end_->setText(Q(c[kv::Cap::MenuEnd]));
+    for (QPushButton* b : languageButtons_) {
+        const QString code = b->objectName().mid(5);
+        b->setChecked(code == Q(ws_.settings.Sprache));
+        b->setToolTip(Q(std::string(kv::LanguageName(code.toStdString()))));
+    }
+}
+
+void MainWindow::ChooseLanguage(const QString& code) {
+    if (kv::ChangeLanguage(ws_, code.toStdString())) {
+        // Swedish is kept at once; the others at the end of the run.
+        if (code == QLatin1String("SWE")) kv::SaveSettings(ws_);
+    }
+    FillCaptions();
+}
+
+void MainWindow::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (shownOnce_) return;
+    shownOnce_ = true;
+    QTimer::singleShot(0, this, &MainWindow::AfterFirstShow);
+}
+
+void MainWindow::AfterFirstShow() {
+    FillCaptions();
+    if (kv::IsPlainStart(ws_)) {
+        auto* welcome = new WelcomeDialog(ws_, this);
+        welcome->setAttribute(Qt::WA_DeleteOnClose);
+        connect(welcome, &QDialog::finished, this, [this] {
+            // The language can have changed on the welcome screen.
+            kv::LoadCaptions(ws_);
+            FillCaptions();
+        });
+        welcome->open();
+    }
+}
+
+void MainWindow::ShowInformation() {
+    std::string text = ws_.captions[kv::Cap::InfoText];
+    text += ws_.lineEnd + ws_.lineEnd + ws_.productName + " " + ws_.settings.VersionText + ws_.lineEnd +
+            ws_.project.DatenVerz;
+    ws_.ui.Message(ws_.Title(), text, kv::MessageIcon::Information);
+}
+
+void MainWindow::ShowHelp() {
+    auto* help = new HelpDialog(ws_, Q(ws_.productName), this);
+    help->setAttribute(Qt::WA_DeleteOnClose);
+    help->open();
+}
+
+void MainWindow::PrintSetup() {
+    QPrinter printer;
+    QPrintDialog dialog(&printer, this);
+    dialog.setWindowTitle(QStringLiteral("Kelvaris Printer Setup"));
+    dialog.exec();
+}
+
+void MainWindow::EndRun() {
+    if (ending_) return;
+    if (!kv::EndSystem(ws_)) return;
+    ending_ = true;
+    QThread::msleep(50);
+    emit ended();
+    close();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (ending_) {
+        event->accept();
+        return;
+    }
+    // Closing the window is the same as End.
+    event->ignore();
+    EndRun();
+}
+
+}  // namespace kvui

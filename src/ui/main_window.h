@@ -1,0 +1,53 @@
+// The main menu StartForm: first and last window of a run.
+#pragma once
+
+#include <QMainWindow>
+
+#include <vector>
+
+class QLabel;
+class QPushButton;
+
+namespace kv { struct Workspace; }
+
+namespace kvui {
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit MainWindow(kv::Workspace& ws, QWidget* parent = nullptr);
+
+    // Assigns the words of the current language to every control.
+    void FillCaptions();
+    // The language buttons: change the language when its tables exist.
+    void ChooseLanguage(const QString& code);
+    // End: asks, saves the settings on Yes and ends the run.
+    void EndRun();
+
+signals:
+    // The user confirmed the end; the settings are written.
+    void ended();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void ShowInformation();
+    void ShowHelp();
+    void PrintSetup();
+    void AfterFirstShow();
+
+    kv::Workspace& ws_;
+    QLabel* title_ = nullptr;
+    QLabel* subtitle_ = nullptr;
+    QPushButton* help_ = nullptr;
+    QPushButton* info_ = nullptr;
+    QPushButton* printSetup_ = nullptr;
+    QPushButton* end_ = nullptr;
+    std::vector<QPushButton*> languageButtons_;
+    bool shownOnce_ = false;
+    bool ending_ = false;
+};
+
+}  // namespace kvui

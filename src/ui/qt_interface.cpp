@@ -1,0 +1,37 @@
+#include "ui/qt_interface.h"
+
+#include <QFont>
+#include <QMessageBox>
+#include <QPointer>
+#include <QProcess>
+
+namespace kvui {
+
+kv::UserInterface MakeQtInterface(QWidget* parent) {
+    QPointer<QWidget> owner(parent);
+    kv::UserInterface ui;
+    ui.message = [owner](const std::string& title, const std::string& text, kv::MessageIcon icon) {
+        const QMessageBox::Icon i = icon == kv::MessageIcon::Error      ? QMessageBox::Critical
+                                    : icon == kv::MessageIcon::Question ? QMessageBox::Question
+                                                                        : QMessageBox::Information;
+        QMessageBox box(i, Q(title), Q(text), QMessageBox::Ok, owner.data());
+        box.exec();
+    };
+    ui.askYesNo = [owner](const std::string& title, const std::string& text) {
+        QMessageBox box(QMessageBox::Question, Q(title), Q(text), QMessageBox::Yes | QMessageBox::No, owner.data());
+        box.setDefaultButton(QMessageBox::No);
+        return box.exec() == QMessageBox::Yes;
+    };
+    ui.startDetached = [](const std::filesystem::path& program, const std::filesystem::path& workDir) {
+        return QProcess::startDetached(QString::fromStdString(program.string()), {},
+                                       QString::fromStdString(workDir.string()));
+    };
+    return ui;
+}
+
+void InstallFontSubstitutes() {
+    QFont::insertSubstitution(QStringLiteral("Arial"), QStringLiteral("Liberation Sans"));
+    QFont::insertSubstitution(QStringLiteral("Helvetica"), QStringLiteral("Liberation Sans"));
+}
+
+}  // namespace kvui

@@ -1,0 +1,121 @@
+// The desktop program's main menu, offscreen: start, welcome, language, End.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
+
+#include "shell/files.h"
+#include "shell/startup.h"
+#include "ui/main_window.h"
+#include "ui/qt_interface.h"
+#include "ui/welcome_dialog.h"
+#include "workspace_fixture.h"
+
+namespace {
+
+// With KV_SCREENSHOTS naming a folder, the tests leave pictures of what they
+// saw there, to be looked at by eye.
+void Snapshot(QWidget& w, const char* name) {
+    const QByteArray dir = qgetenv("KV_SCREENSHOTS");
+    if (!dir.isEmpty()) w.grab().save(QString::fromLocal8Bit(dir) + QLatin1Char('/') + QLatin1String(name) + ".png");
+}
+
+// Presses `button` of the next message box that opens, from a timer, since
+// the box runs a loop of its own.
+void AnswerNextBox(QMessageBox::StandardButton button, QString* seenText = nullptr) {
+    QTimer::singleShot(50, [button, seenText] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        if (!box) {
+            AnswerNextBox(button, seenText);
+            return;
+        }
+        if (seenText) *seenText = box->text();
+        box->button(button)->click();
+    });
+}
+
+class MainWindowTest : public kvtest::WorkspaceTest {
+protected:
+    void SetUp() override {
+        kvtest::WorkspaceTest::SetUp();
+        ws.project.DatenVerz.clear();  // the start finds the default
+    }
+};
+
+TEST_F(MainWindowTest, StartsWithWelcomeAndEndsOnYes) {
+    kvui::MainWindow window(ws);
+    ws.ui = kvui::MakeQtInterface(&window);
+    kv::StartSystem(ws);
+    window.FillCaptions();
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+
+    // A plain start brings the welcome screen, opened without a loop of its own.
+    kvui::WelcomeDialog* welcome = nullptr;
+    for (int i = 0; i < 50 && !welcome; ++i) {
+        QTest::qWait(20);
+        welcome = window.findChild<kvui::WelcomeDialog*>();
+    }
+    ASSERT_NE(welcome, nullptr);
+    Snapshot(*welcome, "welcome");
+    auto* german = welcome->findChild<QPushButton*>(QStringLiteral("lang_GER"));
+    ASSERT_NE(german, nullptr);
+    german->click();
+    QTest::qWait(20);
+    EXPECT_EQ(ws.settings.Sprache, "GER");
+    auto* end = window.findChild<QPushButton*>(QStringLiteral("End"));
+    ASSERT_NE(end, nullptr);
+    EXPECT_EQ(end->text(), kvui::Q(ws.captions[kv::Cap::MenuEnd]));
+    Snapshot(window, "main_menu_ger");
+
+    // No keeps the run going.
+    QSignalSpy ended(&window, &kvui::MainWindow::ended);
+    AnswerNextBox(QMessageBox::No);
+    end->click();
+    EXPECT_EQ(ended.count(), 0);
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(kv::FileLength(ws.settingsFile), 0u);
+
+    // Yes writes kparam.dat and ends.
+    QString question;
+    AnswerNextBox(QMessageBox::Yes, &question);
+    end->click();
+    EXPECT_EQ(ended.count(), 1);
+    EXPECT_FALSE(window.isVisible());
+    EXPECT_TRUE(question.startsWith(kvui::Q(ws.captions.Message(59))));
+    EXPECT_NE(kv::ReadWholeFile(ws.settingsFile).find("\"GER\""), std::string::npos);
+}
+
+TEST_F(MainWindowTest, MissingLanguageTablesKeepTheLanguage) {
+    kvui::MainWindow window(ws);
+    ws.ui = kvui::MakeQtInterface(&window);
+    ws.statusWord = 108;  // a continuation: no welcome screen
+    kv::PrepareWorkspace(ws);
+    window.FillCaptions();
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QTest::qWait(30);
+    EXPECT_EQ(window.findChild<kvui::WelcomeDialog*>(), nullptr);
+
+    auto* polish = window.findChild<QPushButton*>(QStringLiteral("lang_POL"));
+    ASSERT_NE(polish, nullptr);
+    QString shown;
+    AnswerNextBox(QMessageBox::Ok, &shown);
+    polish->click();
+    EXPECT_EQ(ws.settings.Sprache, "ENG");
+    EXPECT_TRUE(shown.startsWith(kvui::Q(ws.captions.Message(61))));
+    EXPECT_FALSE(polish->isChecked());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
