@@ -5,15 +5,14 @@
 #include <spawn.h>
 #include <string>
 #include <unistd.h>
-#include <vector>
 
-#include <nlohmann/json.hpp>
-
+#include "cli.h"
+#include "shell/numbers.h"
 #include "shell/startup.h"
-#include "shell/workspace.h"
 
 extern char** environ;
 
+namespace kvcli {
 namespace {
 
 namespace fs = std::filesystem;
@@ -23,34 +22,67 @@ constexpr const char* kUsage = R"(kelvaris-cli - batch tool of Kelvaris, refrige
 Usage: kelvaris-cli [options] COMMAND [arguments]
 
 Commands:
-  info        data directory, language, settings file, factory files installed
-  version     program and file version
-  help        this text
+  info                         data directory, language, settings file, factory files installed
+  version                      program and file version
+  fluid NAME                   registry entry of a refrigerant
+  sat NAME TEMP_C              saturation state at a temperature
+  state NAME T0_C TC_C TSUCTION_C SUBCOOLING [--drive N] [--principle N]
+                               state points of a cycle
+  check PROJECT.prj            input check of a project: one message a line, exit code = their count
+  show PROJECT.prj             the project record after loading
+  pipes [FILE]                 the sizes of a pipe series (default the project's series)
+  dp single --di MM --length M --m KG_S --rho KG_M3 --eta PA_S [--zeta Z] [--height M]
+                               pressure drop of a line of one phase
+  dp twophase --di MM --length M --m KG_S --rho-liquid KG_M3 --rho-vapour KG_M3
+              --eta-vapour PA_S --eta-liquid PA_S --x X [--zeta Z]
+                               pressure drop of a two-phase line (Chisholm)
+  help                         this text
 
 Options:
   --json            print the result as JSON
   --settings FILE   read kparam.dat from FILE instead of the user's configuration folder
   --data-dir DIR    use DIR as data directory for this run (the settings file is not changed)
+  --drive N         compressor drive kind 1 to 3 (open, semi-hermetic, hermetic)
+  --principle N     compressor principle 1 to 5 (3 is the scroll compressor)
   -h, --help        this text
 
 Exit codes: 0 done, 1 a command reported a failure, 2 wrong usage or unreadable input.
 )";
 
-struct Options {
-    bool json = false;
-    std::string settings;
-    std::string dataDir;
-    std::vector<std::string> args;
-};
+int Info(const Options& o) {
+    kv::Workspace ws = MakeWorkspace(o);
+    nlohmann::json j;
+    j["dataDirectory"] = ws.project.DatenVerz;
+    j["language"] = ws.settings.Sprache;
+    j["settingsFile"] = ws.settingsFile.string();
+    j["settingsRead"] = ws.settingsRead;
+    j["factoryFilesInstalled"] = ws.factoryFilesInstalled;
+    j["factoryDirectory"] = ws.factoryDir.string();
+    j["pipeTable"] = ws.project.RohrDatei;
+    j["currency"] = ws.settings.Waehrung;
+    j["version"] = ws.settings.VersionText;
+    Print(o, j);
+    return 0;
+}
 
-kv::Workspace MakeWorkspace(const Options& o, const char* argv0) {
+int Version(const Options& o) {
+    nlohmann::json j;
+    j["program"] = "kelvaris-cli";
+    j["version"] = KELVARIS_VERSION;
+    j["fileVersion"] = kv::kVersionText;
+    if (o.json) Print(o, j);
+    else std::cout << "kelvaris-cli " << KELVARIS_VERSION << "\n";
+    return 0;
+}
+
+}  // namespace
+
+kv::Workspace MakeWorkspace(const Options& o) {
     std::error_code ec;
     fs::path exe = fs::canonical("/proc/self/exe", ec);
-    if (ec) exe = fs::absolute(argv0, ec);
+    if (ec) exe = fs::absolute(o.argv0, ec);
     kv::Workspace ws = kv::MakeDesktopWorkspace(exe.parent_path());
     if (!o.settings.empty()) ws.settingsFile = o.settings;
-    // Messages go to standard error; questions are answered No, so a batch run
-    // never overwrites what it was not told to.
     ws.ui.message = [](const std::string& title, const std::string& text, kv::MessageIcon) {
         std::cerr << title << ": " << text << "\n";
     };
@@ -78,61 +110,69 @@ kv::Workspace MakeWorkspace(const Options& o, const char* argv0) {
     return ws;
 }
 
-int Info(const Options& o, const char* argv0) {
-    kv::Workspace ws = MakeWorkspace(o, argv0);
+void Print(const Options& o, const nlohmann::json& j) {
     if (o.json) {
-        nlohmann::json j;
-        j["dataDirectory"] = ws.project.DatenVerz;
-        j["language"] = ws.settings.Sprache;
-        j["settingsFile"] = ws.settingsFile.string();
-        j["settingsRead"] = ws.settingsRead;
-        j["factoryFilesInstalled"] = ws.factoryFilesInstalled;
-        j["factoryDirectory"] = ws.factoryDir.string();
-        j["pipeTable"] = ws.project.RohrDatei;
-        j["currency"] = ws.settings.Waehrung;
-        j["version"] = ws.settings.VersionText;
         std::cout << j.dump(2) << "\n";
-    } else {
-        std::cout << "Data directory:          " << ws.project.DatenVerz << "\n"
-                  << "Language:                " << ws.settings.Sprache << "\n"
-                  << "Settings file:           " << ws.settingsFile.string()
-                  << (ws.settingsRead ? " (read)" : " (not found, defaults used)") << "\n"
-                  << "Factory files installed: " << ws.factoryFilesInstalled << "\n"
-                  << "Factory data:            " << ws.factoryDir.string() << "\n";
+        return;
     }
-    return 0;
+    for (auto it = j.begin(); it != j.end(); ++it) {
+        std::cout << it.key() << ": ";
+        if (it->is_string()) std::cout << it->get<std::string>();
+        else std::cout << it->dump();
+        std::cout << "\n";
+    }
 }
 
-int Version(const Options& o) {
-    if (o.json) {
-        nlohmann::json j;
-        j["program"] = "kelvaris-cli";
-        j["version"] = KELVARIS_VERSION;
-        j["fileVersion"] = kv::kVersionText;
-        std::cout << j.dump(2) << "\n";
-    } else {
-        std::cout << "kelvaris-cli " << KELVARIS_VERSION << "\n";
-    }
-    return 0;
+int Fail(const std::string& message) {
+    std::cerr << "kelvaris-cli: " << message << "\n";
+    return 2;
 }
 
-}  // namespace
+bool NumberArg(const std::string& text, double& value) {
+    std::string t = text;
+    const std::string_view trimmed = kv::Trim(t);
+    if (trimmed.empty()) return false;
+    const char c = trimmed.front();
+    if (!(c == '-' || c == '+' || c == '.' || c == ',' || (c >= '0' && c <= '9'))) return false;
+    value = kv::ToNumber(t).value;
+    return true;
+}
+
+}  // namespace kvcli
 
 int main(int argc, char** argv) {
+    using namespace kvcli;
     Options o;
+    o.argv0 = argv[0];
     for (int i = 1; i < argc; ++i) {
         const std::string a = argv[i];
         if (a == "--json") o.json = true;
         else if (a == "-h" || a == "--help") { std::cout << kUsage; return 0; }
-        else if ((a == "--settings" || a == "--data-dir") && i + 1 < argc) (a == "--settings" ? o.settings : o.dataDir) = argv[++i];
-        else if (a.rfind("--", 0) == 0) { std::cerr << "kelvaris-cli: unknown option " << a << "\n" << kUsage; return 2; }
-        else o.args.push_back(a);
+        else if (a.rfind("--", 0) == 0 && a.size() > 2) {
+            if (i + 1 >= argc) { std::cerr << "kelvaris-cli: " << a << " needs a value\n"; return 2; }
+            const std::string key = a.substr(2), value = argv[++i];
+            if (key == "settings") o.settings = value;
+            else if (key == "data-dir") o.dataDir = value;
+            else if (key == "drive" || key == "principle") o.values[key] = value;
+            else if (key == "di" || key == "length" || key == "m" || key == "rho" || key == "eta" || key == "zeta" ||
+                     key == "height" || key == "rho-liquid" || key == "rho-vapour" || key == "eta-vapour" ||
+                     key == "eta-liquid" || key == "x")
+                o.values[key] = value;
+            else { std::cerr << "kelvaris-cli: unknown option " << a << "\n" << kUsage; return 2; }
+        } else o.args.push_back(a);
     }
     if (o.args.empty()) { std::cerr << kUsage; return 2; }
     const std::string& cmd = o.args[0];
     if (cmd == "help") { std::cout << kUsage; return 0; }
     if (cmd == "version") return Version(o);
-    if (cmd == "info") return Info(o, argv[0]);
+    if (cmd == "info") return Info(o);
+    if (cmd == "fluid") return CmdFluid(o);
+    if (cmd == "sat") return CmdSat(o);
+    if (cmd == "state") return CmdState(o);
+    if (cmd == "check") return CmdCheck(o);
+    if (cmd == "show") return CmdShow(o);
+    if (cmd == "pipes") return CmdPipes(o);
+    if (cmd == "dp") return CmdDp(o);
     std::cerr << "kelvaris-cli: unknown command " << cmd << "\n" << kUsage;
     return 2;
 }

@@ -29,8 +29,9 @@ enum GeometrRow : int { GeoLength = 1, GeoHeight = 2, GeoZetaSum = 3, GeoSpare =
 // Fittings per line section: rows 1 to 8 (6 in use), columns 1 to 13 one
 // kind of fitting each, plus single-purpose cells up to column 15.
 using ArmaturGrid = TextGrid<15, 8>;
-// Line geometry: columns 1 to 8 one line section each, rows 1 to 4.
-using GeometrGrid = TextGrid<8, 4>;
+// Line geometry: columns 1 to 8 one line section each, rows 1 to 4; the
+// two-stage plant types keep their second stage in columns 6 to 9.
+using GeometrGrid = TextGrid<9, 4>;
 
 // The stored plant types. The project file accepts these spellings exactly;
 // every other comparison upper-cases first.
@@ -100,13 +101,41 @@ struct Project {
     int ZweiteStufe = 0;  // second stage of the two-stage plant types
     int LeistAufteil = 0; // capacity split: Armatur (3,2) and (3,4) both non-zero
 
-    // Texts of the data screen's boxes that the project keeps.
-    std::string Combo1;       // compressor kind: "<drive>-<principle>" captions
+    // Texts of the data screen's boxes and fields that the project keeps.
+    std::string Combo1;       // compressor kind: "<drive> - <principle>" captions
     std::string AbtauCombo;   // defrost box text
+    std::string ValenzCombo = "Monovalent";  // "Monovalent" or "Bivalent"
+    std::string RGCombo;      // capacity control text
+    std::string ExVCombo;     // expansion valve text
+    std::string PairText;     // side media and fluid temperatures, as "B0/W35"
+    std::string CountryKey;   // country of the climate data (Combo4)
+    std::string Location;     // location of the climate data (Combo5)
+    std::string Text12;       // free text of the data screen
 
     // Line description.
     ArmaturGrid Armatur;
     GeometrGrid Geometr;
+
+    // Refrigerant figures and calculation modes.
+    int Gwp = 0;              // global warming potential of KaelteM
+    int Co2Mode = 0;          // non-zero: transcritical CO2 compression rules
+    std::string DiagPower;    // compressor power of a diagnostic plant ("DiaG"), kW
+    int InverterMode = 0;     // 1, 2: the two inverter kinds of the capacity control box
+
+    // Numbers taken from the screen when a calculation starts.
+    double PartLoadPercent = 100.0;   // TeilL
+    double dtVerdK = 6.0, dtKondK = 4.0;
+    int ParallelInjection = 1;        // Armatur (10, 1): parallel injection lines, at least 1
+    std::array<std::array<double, 7>, 14> ArmaturZahl{};  // [column 0..13][row 0..6], counts of fittings
+    int CalcState = 0;                // 77 while a calculation runs, 1 when it has completed
+
+    // Line sizing inputs of the project screen and the line data screen.
+    std::string MaxDtSuction = "1";  // allowed loss of the suction line, K
+    int LossMode = 0;         // 0 equivalent length from zeta, 666 length allowance in percent
+    std::string LossPercent;  // the length allowance of LossMode 666, %
+    std::string FlashText;    // vapour share of the condenser line, %, or the word for automatic
+    int FloodedCondenser = 0; // 1: flooded condenser outlet, no vapour in the condenser line
+    int BypassKind = 0;       // hot-gas bypass kind; 1 and 2 carry the whole mass flow
 
     // Working state of the run; not saved.
     double TverK = 0.0;   // K

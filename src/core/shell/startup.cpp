@@ -2,6 +2,8 @@
 
 #include <system_error>
 
+#include "lines/pipe_files.h"
+#include "lines/zeta.h"
 #include "shell/files.h"
 #include "shell/numbers.h"
 #include "shell/text.h"
@@ -33,16 +35,6 @@ int InstallFactoryData(Workspace& ws) {
     return copied;
 }
 
-namespace {
-
-// The ten zeta values of the fittings, KSIWERT.DAT.
-void ReadZetaValues(Workspace& ws) {
-    RecordReader in = OpenIn(ws, "KSIWERT.DAT");
-    for (int i = 1; i <= 10; ++i) in.Read(ws.project.ZetaWert[static_cast<std::size_t>(i)]);
-}
-
-}  // namespace
-
 void PrepareWorkspace(Workspace& ws) {
     LoadSettings(ws);
     ws.lineEnd = "\r\n";
@@ -55,7 +47,8 @@ void PrepareWorkspace(Workspace& ws) {
     LoadHelpTable(ws);
     ws.productName = kProductName;
     EnsureInsulationFile(ws);
-    ReadZetaValues(ws);
+    PreparePipeTables(ws);
+    LoadZetaTable(ws);
 }
 
 void StartSystem(Workspace& ws) {
@@ -92,9 +85,7 @@ void NewProject(Workspace& ws) {
     const StandardFittings f = ReadStandardFittings(ws);
     for (int col = 1; col <= 13; ++col)
         for (int row = 1; row <= 4; ++row) p.Armatur.Cell(col, row) = f.cells[col][row];
-    p.Combo1 = f.kindBox.empty()
-                   ? ws.captions[Cap::CompressorDriveFirst] + " - " + ws.captions[Cap::CompressorKindFirst]
-                   : f.kindBox;
+    p.Combo1 = f.kindBox.empty() ? ws.captions[Cap::CompressorKindFirst] : f.kindBox;
     // The stored defrost kind is read past; a new project starts electric.
     p.AbtauArt = 0;
     p.AbtauCombo = ws.captions[Cap::DefrostElectric];

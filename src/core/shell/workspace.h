@@ -8,7 +8,9 @@
 #include <string>
 
 #include "cycle/cycle_state.h"
+#include "lines/pipe_table.h"
 #include "project/project.h"
+#include "refrigerant/property_tables.h"
 #include "shell/captions.h"
 #include "shell/exchange.h"
 #include "shell/settings.h"
@@ -36,6 +38,7 @@ struct Workspace {
     CycleState cycle;
     Captions captions;
     UserInterface ui;
+    PropertyCache properties;  // parsed property tables of the data directory
 
     // Run state.
     std::string lineEnd = "\r\n";
@@ -47,6 +50,8 @@ struct Workspace {
     bool loeschFehler = false; // a file could not be deleted
     bool settingsRead = false; // kparam.dat had content at start
     int factoryFilesInstalled = 0;  // files copied from the factory data at start
+    // The pipe series loaded for the calculation (the project's RohrDatei).
+    PipeTable pipes;
 
     std::filesystem::path DataDir() const { return std::filesystem::path(project.DatenVerz); }
     // Title of the message boxes: product name and version.

@@ -1,0 +1,50 @@
+// Shared pieces of the batch tool's commands.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include <nlohmann/json.hpp>
+
+#include "shell/workspace.h"
+
+namespace kvcli {
+
+struct Options {
+    bool json = false;
+    std::string settings;
+    std::string dataDir;
+    std::map<std::string, std::string> values;  // --drive 2 and the like
+    std::vector<std::string> args;              // command and its arguments
+    const char* argv0 = "kelvaris-cli";
+};
+
+// A workspace prepared as the desktop program prepares it, with messages to
+// standard error and every question answered No.
+kv::Workspace MakeWorkspace(const Options& o);
+
+// Prints `j` as JSON or, without --json, as "key: value" lines.
+void Print(const Options& o, const nlohmann::json& j);
+
+// A clear message on standard error; returns the exit code 2.
+int Fail(const std::string& message);
+
+// A number argument read with the program's own number rule (point or
+// comma); false when the text holds no number.
+bool NumberArg(const std::string& text, double& value);
+
+// Loads a project file given on the command line into ws; false with the
+// exit code set when it is missing or unreadable.
+bool LoadProjectArg(kv::Workspace& ws, const std::string& file, int& code);
+nlohmann::json ProjectJson(const kv::Project& p);
+
+int CmdFluid(const Options& o);
+int CmdSat(const Options& o);
+int CmdState(const Options& o);
+int CmdCheck(const Options& o);
+int CmdShow(const Options& o);
+int CmdPipes(const Options& o);
+int CmdDp(const Options& o);
+
+}  // namespace kvcli

@@ -1,0 +1,127 @@
+#include "refrigerant/property_tables.h"
+
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+#include "shell/files.h"
+#include "shell/numbers.h"
+#include "shell/text.h"
+
+namespace kv {
+namespace fs = std::filesystem;
+
+namespace {
+
+// The numbers of a table text in order: separated by commas, blanks, tabs,
+// semicolons or line ends, with a decimal point. Anything that is not a
+// number reads as 0, as the classical input statement reads it.
+std::vector<double> Numbers(std::string_view text) {
+    std::vector<double> out;
+    out.reserve(text.size() / 8);
+    std::size_t i = 0;
+    const auto isSep = [](char c) { return c == ',' || c == ' ' || c == '\t' || c == ';' || c == '\r' || c == '\n'; };
+    while (i < text.size()) {
+        while (i < text.size() && isSep(text[i])) ++i;
+        if (i >= text.size()) break;
+        std::size_t j = i;
+        while (j < text.size() && !isSep(text[j])) ++j;
+        std::string_view token = text.substr(i, j - i);
+        if (token.size() >= 2 && token.front() == '"' && token.back() == '"') token = token.substr(1, token.size() - 2);
+        double v = 0.0;
+        const char* first = token.data();
+        const char* last = token.data() + token.size();
+        if (first != last && *first == '+') ++first;
+        const auto res = std::from_chars(first, last, v);
+        if (res.ec != std::errc() || res.ptr != last || !std::isfinite(v)) v = LeadingValue(token).value;
+        out.push_back(v);
+        i = j;
+    }
+    return out;
+}
+
+// Densities are never more precise than 0.01 kg/m³ in the model.
+double CutDensity(double rho) { return std::floor(rho * 100.0) / 100.0; }
+
+}  // namespace
+
+SaturationTable ParseSaturationTable(std::string_view text, std::string_view fileName) {
+    SaturationTable table;
+    table.present = !Trim(text).empty();
+    const std::string name = UpperAscii(fs::path(std::string(fileName)).filename().string());
+    const bool celsius = name == "R123.DAT";
+    const bool specificVolumes = name == "R11.DAT" || name == "R12.DAT" || name == "R23.DAT";
+    const std::vector<double> n = Numbers(text);
+    for (std::size_t i = 0; i + 7 <= n.size(); i += 7) {
+        SatRow r{n[i], n[i + 1], n[i + 2], n[i + 3], n[i + 4], n[i + 5], n[i + 6]};
+        // The terminator row: fields 1 and 3 zero, whatever field 2 holds.
+        if (r.t == 0.0 && r.pBubble == 0.0) {
+            table.terminated = true;
+            break;
+        }
+        if (celsius) r.t += 273.15;
+        if (specificVolumes) {
+            r.rhoLiq = r.rhoLiq != 0.0 ? 1000.0 / r.rhoLiq : 0.0;
+            r.rhoVap = r.rhoVap != 0.0 ? 1000.0 / r.rhoVap : 0.0;
+        }
+        r.rhoLiq = CutDensity(r.rhoLiq);
+        r.rhoVap = CutDensity(r.rhoVap);
+        table.rows.push_back(r);
+    }
+    return table;
+}
+
+SupercriticalTable ParseSupercriticalTable(std::string_view text) {
+    SupercriticalTable table;
+    table.present = !Trim(text).empty();
+    const std::vector<double> n = Numbers(text);
+    table.sortedByT = true;
+    for (std::size_t i = 0; i + 6 <= n.size(); i += 6) {
+        const SupercriticalRow r{n[i], n[i + 1], n[i + 2], n[i + 3], n[i + 4], n[i + 5]};
+        // The file ends at a row with a 0 in any of its first three fields.
+        if (r.t == 0.0 || r.p == 0.0 || r.h == 0.0) break;
+        if (!table.rows.empty() && r.t < table.rows.back().t) table.sortedByT = false;
+        table.rows.push_back(r);
+    }
+    return table;
+}
+
+template <class Table, class Parse>
+const Table& PropertyCache::Get(std::map<std::string, Entry<Table>>& entries, const fs::path& dataDir,
+                                const std::string& fileName, Parse parse) {
+    Entry<Table>& e = entries[(dataDir / fileName).string()];
+    std::error_code ec;
+    // The time of the last write alone: one look at the file system per
+    // look-up, and every save of a table moves it.
+    auto stampOf = [&ec](const fs::path& p) {
+        Stamp s;
+        s.time = fs::last_write_time(p, ec);
+        if (ec) return Stamp{};
+        return s;
+    };
+    if (e.loaded) {
+        const Stamp now = stampOf(e.path);
+        if (!ec && now == e.stamp) return e.table;
+    }
+    e.path = ResolveName(dataDir, fileName);
+    e.stamp = stampOf(e.path);
+    e.table = parse(ReadWholeFile(e.path));
+    e.loaded = true;
+    return e.table;
+}
+
+const SaturationTable& PropertyCache::Saturation(const fs::path& dataDir, const std::string& fileName) {
+    return Get(saturation_, dataDir, fileName,
+               [&fileName](const std::string& text) { return ParseSaturationTable(text, fileName); });
+}
+
+const SupercriticalTable& PropertyCache::Supercritical(const fs::path& dataDir, const std::string& fileName) {
+    return Get(supercritical_, dataDir, fileName, [](const std::string& text) { return ParseSupercriticalTable(text); });
+}
+
+void PropertyCache::Clear() {
+    saturation_.clear();
+    supercritical_.clear();
+}
+
+}  // namespace kv

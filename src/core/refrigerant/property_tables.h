@@ -1,0 +1,74 @@
+// The parsed property tables of the data directory. A calculation makes
+// dozens of look-ups; the rows of each file are parsed once and kept until
+// the file changes on disk (the time of its last write), so no calculation re-reads a
+// table while an edited table is still seen at the next look-up.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "cycle/cycle_state.h"
+
+namespace kv {
+
+// A saturation table: the rows before the end of the file or before a
+// terminator row (fields 1 and 3 zero), units converted and densities cut to
+// two decimals as the reader delivers them.
+struct SaturationTable {
+    std::vector<SatRow> rows;
+    bool terminated = false;  // the file ended in a terminator row
+    bool present = false;     // the file exists and has content
+};
+
+// One row of the supercritical CO2 table.
+struct SupercriticalRow {
+    double t = 0.0;    // °C
+    double p = 0.0;    // bar
+    double h = 0.0;    // kJ/kg
+    double rho = 0.0;  // kg/m³
+    double cp = 0.0;   // kJ/(kg K)
+    double eta = 0.0;  // Pa s
+};
+struct SupercriticalTable {
+    std::vector<SupercriticalRow> rows;
+    bool sortedByT = false;  // rows ascend in t: a scan may start at the first row of its temperature
+    bool present = false;
+};
+
+// Parsing, without any cache: the file's bytes to rows.
+SaturationTable ParseSaturationTable(std::string_view text, std::string_view fileName);
+SupercriticalTable ParseSupercriticalTable(std::string_view text);
+
+class PropertyCache {
+public:
+    // The table `fileName` of `dataDir`, parsed when first asked for and again
+    // when the file has changed.
+    const SaturationTable& Saturation(const std::filesystem::path& dataDir, const std::string& fileName);
+    const SupercriticalTable& Supercritical(const std::filesystem::path& dataDir, const std::string& fileName);
+    // Forgets everything: the next look-ups read the files anew.
+    void Clear();
+
+private:
+    struct Stamp {
+        std::filesystem::file_time_type time{};
+        bool operator==(const Stamp&) const = default;
+    };
+    template <class Table>
+    struct Entry {
+        std::filesystem::path path;
+        Stamp stamp;
+        Table table;
+        bool loaded = false;
+    };
+    template <class Table, class Parse>
+    const Table& Get(std::map<std::string, Entry<Table>>& entries, const std::filesystem::path& dataDir,
+                     const std::string& fileName, Parse parse);
+
+    std::map<std::string, Entry<SaturationTable>> saturation_;
+    std::map<std::string, Entry<SupercriticalTable>> supercritical_;
+};
+
+}  // namespace kv
