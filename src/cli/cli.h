@@ -38,13 +38,26 @@ bool NumberArg(const std::string& text, double& value);
 // exit code set when it is missing or unreadable.
 bool LoadProjectArg(kv::Workspace& ws, const std::string& file, int& code);
 nlohmann::json ProjectJson(const kv::Project& p);
+// Opens the data screen and the plant scheme screen on the loaded project
+// as the desktop does; false (messages printed, code 2) when the input check
+// refuses it.
+}  // namespace kvcli
+namespace kv { struct SchemeScreen; }
+namespace kvcli {
+bool PrepareCalculation(kv::Workspace& ws, kv::SchemeScreen& scheme, int& code);
+nlohmann::json CycleJson(const kv::Workspace& ws);
 
 int CmdFluid(const Options& o);
 int CmdSat(const Options& o);
 int CmdState(const Options& o);
 int CmdCheck(const Options& o);
+int CmdCalc(const Options& o);
 int CmdShow(const Options& o);
 int CmdPipes(const Options& o);
 int CmdDp(const Options& o);
+// Without the render library the diagram command says that it is not built.
+int CmdDiagram(const Options& o);
+// The seasonal performance of a heat pump over the typical year.
+int CmdAnnual(const Options& o);
 
 }  // namespace kvcli

@@ -30,12 +30,19 @@ Commands:
                                state points of a cycle
   check PROJECT.prj            input check of a project: one message a line, exit code = their count
   show PROJECT.prj             the project record after loading
+  calc PROJECT.prj             calculates the project's operating point and line sizes
   pipes [FILE]                 the sizes of a pipe series (default the project's series)
   dp single --di MM --length M --m KG_S --rho KG_M3 --eta PA_S [--zeta Z] [--height M]
                                pressure drop of a line of one phase
   dp twophase --di MM --length M --m KG_S --rho-liquid KG_M3 --rho-vapour KG_M3
               --eta-vapour PA_S --eta-liquid PA_S --x X [--zeta Z]
                                pressure drop of a two-phase line (Chisholm)
+  diagram PROJECT.prj --out FILE.png|.svg|.pdf
+                               the h,log p diagram of the project's cycle
+  diagram --fluid NAME --t0 C --tc C --out FILE.png|.svg|.pdf
+                               the h,log p diagram of a fluid at two temperatures
+  annual PROJECT.prj           seasonal performance of a heat pump over the typical year
+                               (sCOP, ETAs,h, cost, CO2, supplementary heat); writes ERG_HEAT.DAT
   help                         this text
 
 Options:
@@ -154,6 +161,7 @@ int main(int argc, char** argv) {
             if (key == "settings") o.settings = value;
             else if (key == "data-dir") o.dataDir = value;
             else if (key == "drive" || key == "principle") o.values[key] = value;
+            else if (key == "out" || key == "fluid" || key == "t0" || key == "tc") o.values[key] = value;
             else if (key == "di" || key == "length" || key == "m" || key == "rho" || key == "eta" || key == "zeta" ||
                      key == "height" || key == "rho-liquid" || key == "rho-vapour" || key == "eta-vapour" ||
                      key == "eta-liquid" || key == "x")
@@ -170,9 +178,12 @@ int main(int argc, char** argv) {
     if (cmd == "sat") return CmdSat(o);
     if (cmd == "state") return CmdState(o);
     if (cmd == "check") return CmdCheck(o);
+    if (cmd == "calc") return CmdCalc(o);
     if (cmd == "show") return CmdShow(o);
     if (cmd == "pipes") return CmdPipes(o);
     if (cmd == "dp") return CmdDp(o);
+    if (cmd == "diagram") return CmdDiagram(o);
+    if (cmd == "annual") return CmdAnnual(o);
     std::cerr << "kelvaris-cli: unknown command " << cmd << "\n" << kUsage;
     return 2;
 }

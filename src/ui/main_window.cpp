@@ -2,6 +2,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QFileDialog>
+
+#include <filesystem>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -14,11 +17,16 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "project/project_file.h"
 #include "shell/captions.h"
+#include "shell/numbers.h"
 #include "shell/settings.h"
 #include "shell/startup.h"
 #include "shell/workspace.h"
 #include "ui/help_dialog.h"
+#include "ui/project_data_dialog.h"
+#include "ui/scheme_dialog.h"
+#include "ui/tables_dialogs.h"
 #include "ui/qt_interface.h"
 #include "ui/welcome_dialog.h"
 
@@ -59,16 +67,29 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
 
     auto* menu = new QVBoxLayout;
     menu->setSpacing(8);
+    newProject_ = MenuButton("NewProject");
+    openData_ = MenuButton("OpenProjectData");
+    load_ = MenuButton("LoadProject");
+    save_ = MenuButton("SaveProject");
+    saveAs_ = MenuButton("SaveProjectAs");
+    pipes_ = MenuButton("PipeData");
+    zeta_ = MenuButton("ZetaValues");
     help_ = MenuButton("Help");
     info_ = MenuButton("Information");
     printSetup_ = MenuButton("PrintSetup");
     end_ = MenuButton("End");
-    for (QPushButton* b : {help_, info_, printSetup_}) menu->addWidget(b);
-    menu->addSpacing(12);
-    menu->addWidget(end_);
+    for (QPushButton* b : {newProject_, openData_, load_, save_, saveAs_}) menu->addWidget(b);
     menu->addStretch(1);
+    auto* data = new QVBoxLayout;
+    data->setSpacing(8);
+    for (QPushButton* b : {pipes_, zeta_, help_, info_, printSetup_}) data->addWidget(b);
+    data->addSpacing(12);
+    data->addWidget(end_);
+    data->addStretch(1);
     auto* menuRow = new QHBoxLayout;
     menuRow->addLayout(menu);
+    menuRow->addSpacing(24);
+    menuRow->addLayout(data);
     menuRow->addStretch(1);
     layout->addSpacing(12);
     layout->addLayout(menuRow, 1);
@@ -88,6 +109,13 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     layout->addLayout(languages);
     setCentralWidget(central);
 
+    connect(newProject_, &QPushButton::clicked, this, &MainWindow::NewProjectAction);
+    connect(openData_, &QPushButton::clicked, this, &MainWindow::OpenProjectData);
+    connect(load_, &QPushButton::clicked, this, &MainWindow::LoadProjectAction);
+    connect(save_, &QPushButton::clicked, this, &MainWindow::SaveProjectAction);
+    connect(saveAs_, &QPushButton::clicked, this, &MainWindow::SaveProjectAsAction);
+    connect(pipes_, &QPushButton::clicked, this, &MainWindow::OpenPipeTables);
+    connect(zeta_, &QPushButton::clicked, this, &MainWindow::OpenZetaValues);
     connect(help_, &QPushButton::clicked, this, &MainWindow::ShowHelp);
     connect(info_, &QPushButton::clicked, this, &MainWindow::ShowInformation);
     connect(printSetup_, &QPushButton::clicked, this, &MainWindow::PrintSetup);
@@ -106,6 +134,13 @@ void MainWindow::FillCaptions() {
     setWindowTitle(Q(ws_.Title()));
     title_->setText(Q(ws_.productName));
     subtitle_->setText(Q(c[kv::Cap::WelcomeTitle]) + QStringLiteral("   ") + Q(ws_.settings.VersionText));
+    newProject_->setText(Q(c[kv::Cap::MenuNewProject]));
+    openData_->setText(Q(c[kv::Cap::MenuOpenProjectData]));
+    load_->setText(Q(c[kv::Cap::MenuLoadProject]));
+    save_->setText(Q(c[kv::Cap::MenuSaveProject]));
+    saveAs_->setText(Q(c[kv::Cap::MenuSaveProjectAs]));
+    pipes_->setText(Q(c[kv::Cap::MenuPipeData]));
+    zeta_->setText(Q(c[kv::Cap::MenuZetaValues]));
     help_->setText(Q(c[kv::Cap::MenuHelp]));
     info_->setText(Q(c[kv::Cap::MenuInformation]));
     printSetup_->setText(Q(c[kv::Cap::MenuPrintSetup]));
@@ -143,6 +178,86 @@ void MainWindow::AfterFirstShow() {
             FillCaptions();
         });
         welcome->open();
+    }
+    ActOnStatusWord();
+}
+
+namespace {
+// Opens a screen over the menu without a loop of its own; it deletes itself
+// when closed.
+template <class Dialog>
+Dialog* OpenScreen(Dialog* d) {
+    d->setAttribute(Qt::WA_DeleteOnClose);
+    d->setWindowModality(Qt::WindowModal);
+    d->open();
+    return d;
+}
+}  // namespace
+
+void MainWindow::OpenProjectData() {
+    auto* data = OpenScreen(new ProjectDataDialog(ws_, this));
+    connect(data, &ProjectDataDialog::calculationStarted, data, [this, data] {
+        auto* scheme = OpenScreen(new SchemeDialog(ws_, data));
+        connect(scheme, &SchemeDialog::diagramRequested, scheme, [this, scheme] { emit diagramRequested(scheme); });
+    });
+}
+
+void MainWindow::NewProjectAction() {
+    kv::NewProject(ws_);
+    OpenProjectData();
+}
+
+void MainWindow::LoadProjectAction() {
+    kv::Project& p = ws_.project;
+    const QString file = QFileDialog::getOpenFileName(this, Q(ws_.captions[kv::Cap::MenuLoadProject]),
+                                                      Q(p.ProjektVerz), QStringLiteral("*.prj *.PRJ"));
+    if (file.isEmpty()) return;
+    const std::filesystem::path path(file.toStdString());
+    std::string type = p.AnlagenTyp;
+    if (kv::LoadProject(ws_, type, path.string(), path.parent_path().string() + "/")) {
+        p.AnlagenTyp = type;
+        p.ProjektDatei = path.filename().string();
+        p.ProjektVerz = path.parent_path().string();
+    }
+}
+
+void MainWindow::SaveProjectAction() {
+    // A known file name saves at once, into the data directory; else "Save as".
+    if (kv::Trim(ws_.project.ProjektDatei).empty()) {
+        SaveProjectAsAction();
+        return;
+    }
+    kv::SaveProject(ws_, ws_.project.AnlagenTyp, "");
+}
+
+void MainWindow::SaveProjectAsAction() {
+    kv::Project& p = ws_.project;
+    const QString file = QFileDialog::getSaveFileName(this, Q(ws_.captions[kv::Cap::MenuSaveProjectAs]),
+                                                      Q(p.ProjektVerz), QStringLiteral("*.prj"));
+    if (file.isEmpty()) return;
+    const std::filesystem::path path(file.toStdString());
+    p.ProjektDatei = path.filename().string();
+    p.ProjektVerz = path.parent_path().string();
+    kv::SaveProject(ws_, p.AnlagenTyp, p.ProjektVerz + "/");
+}
+
+void MainWindow::OpenPipeTables() { OpenScreen(new PipeTableDialog(ws_, this)); }
+
+void MainWindow::OpenZetaValues() { OpenScreen(new ZetaDialog(ws_, this)); }
+
+void MainWindow::ActOnStatusWord() {
+    switch (kv::StartActionFor(ws_.statusWord)) {
+        case kv::StartAction::ProjectDataScreen: OpenProjectData(); break;
+        case kv::StartAction::LoadProjectAndDataScreen: {
+            kv::Project& p = ws_.project;
+            std::string type = p.AnlagenTyp;
+            std::string dir = p.ProjektVerz;
+            if (!dir.empty() && dir.back() != '/') dir += '/';
+            if (kv::LoadProject(ws_, type, dir + p.ProjektDatei, dir)) p.AnlagenTyp = type;
+            OpenProjectData();
+            break;
+        }
+        default: break;  // the catalogue editor and the parts lists come with their screens
     }
 }
 

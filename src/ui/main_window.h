@@ -23,10 +23,22 @@ public:
     void ChooseLanguage(const QString& code);
     // End: asks, saves the settings on Yes and ends the run.
     void EndRun();
+    // The project actions of the menu.
+    void NewProjectAction();
+    void OpenProjectData();
+    void LoadProjectAction();
+    void SaveProjectAction();
+    void SaveProjectAsAction();
+    void OpenPipeTables();
+    void OpenZetaValues();
+    // Acts on the status word of the exchange file once the window shows.
+    void ActOnStatusWord();
 
 signals:
     // The user confirmed the end; the settings are written.
     void ended();
+    // The plant scheme screen asks for the h,log p diagram.
+    void diagramRequested(QWidget* over);
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -41,6 +53,13 @@ private:
     kv::Workspace& ws_;
     QLabel* title_ = nullptr;
     QLabel* subtitle_ = nullptr;
+    QPushButton* newProject_ = nullptr;
+    QPushButton* openData_ = nullptr;
+    QPushButton* load_ = nullptr;
+    QPushButton* save_ = nullptr;
+    QPushButton* saveAs_ = nullptr;
+    QPushButton* pipes_ = nullptr;
+    QPushButton* zeta_ = nullptr;
     QPushButton* help_ = nullptr;
     QPushButton* info_ = nullptr;
     QPushButton* printSetup_ = nullptr;

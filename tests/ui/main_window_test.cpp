@@ -101,6 +101,8 @@ TEST_F(MainWindowTest, MissingLanguageTablesKeepTheLanguage) {
     QTest::qWait(30);
     EXPECT_EQ(window.findChild<kvui::WelcomeDialog*>(), nullptr);
 
+    // Polish tables taken away from this data directory.
+    std::filesystem::remove(kv::ResolveName(ws, "Caption.POL"));
     auto* polish = window.findChild<QPushButton*>(QStringLiteral("lang_POL"));
     ASSERT_NE(polish, nullptr);
     QString shown;

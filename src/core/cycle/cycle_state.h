@@ -61,6 +61,14 @@ struct CycleState {
     double subcooling = 0.0;      // K, liquid subcooling of the run
     double realGasFactor = 1.0;
 
+    // Economizer: subcooling it reaches (K, cut to 0.1), its heat flow (kW),
+    // the side stream (kg/s), the vapour density at the intermediate level
+    // (geometric mean), the capacity factor of the main flow (1 without
+    // economizer), the intermediate pressure (bar) and its saturation
+    // temperature (°C).
+    double ecoSubcooling = 0.0, ecoHeat = 0.0, ecoMass = 0.0, ecoDensity = 0.0, ecoFactor = 1.0;
+    double pIntermediate = 0.0, tIntermediate = 0.0;
+
     // Results of a run.
     double massFlow = 0.0;             // kg/s
     double Q0 = 0.0, Qh = 0.0;         // kW
@@ -68,6 +76,9 @@ struct CycleState {
     double requiredSweptVolume = 0.0;  // m³/h
     double qualityInlet = 0.0;         // vapour quality after expansion
     double dpSuction = 0.0, dpDischarge = 0.0, dpLiquid = 0.0;  // mbar
+    double rhoAfterDrop = 0.0;         // suction gas density at the compressor inlet, kg/m³
+    double tSuctionC = 0.0;            // suction gas temperature, °C
+    double bypassMass = 0.0;           // hot-gas bypass mass flow, kg/s
     double eer = 0.0, cop = 0.0;
     double annualCost = 0.0, co2Tons = 0.0;
 

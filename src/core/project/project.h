@@ -137,6 +137,14 @@ struct Project {
     int FloodedCondenser = 0; // 1: flooded condenser outlet, no vapour in the condenser line
     int BypassKind = 0;       // hot-gas bypass kind; 1 and 2 carry the whole mass flow
 
+    // Compressor and cycle options of the calculation.
+    std::string Frequency = "50";   // operating frequency of an inverter compressor, Hz
+    double BaseFrequency = 50.0;    // frequency the swept volume is rated at, Hz
+    int SecondCycle = 0;            // 1: the discharge temperature is shown for a second cycle
+    double KappaSecond = 1.3;       // its isentropic exponent
+    double HourlyEvaporatingTemp = 0.0;  // °C, set by the annual run for each hour
+    double SuperheatEvap = 5.0;     // K, the run's evaporator superheat
+
     // Working state of the run; not saved.
     double TverK = 0.0;   // K
     double tkoK = 0.0;    // K

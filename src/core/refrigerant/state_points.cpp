@@ -311,10 +311,28 @@ double VolumetricEfficiency(const Workspace& ws, double pCond, double dpDischarg
 }
 
 double MassFlow(Workspace& ws, double fallback, double q0) {
-    const CycleState& cs = ws.cycle;
+    CycleState& cs = ws.cycle;
     const double h1 = cs.hVapEvap + cs.superheatEvap * cs.cpVapEvap;
-    const double dh = h1 - (cs.hLiqCond - cs.cpLiquid * cs.subcooling);
-    double m = dh != 0.0 ? q0 / dh : 0.0;
+    double m = 0.0;
+    if (ws.project.EcoFlag == 1) {
+        // The side stream subcools the liquid by s and joins the main flow at
+        // the intermediate level; the main flow carries the capacity less
+        // the part the economizer takes over.
+        cs.Q0 = q0;
+        const double s = (cs.hLiqCond - cs.hLiqEvap) / (2 * cs.cpLiquid) - 8;
+        const double h4 = cs.hLiqCond - cs.cpLiquid * s;
+        m = h1 != h4 ? q0 / (h1 - h4) : 0.0;
+        cs.ecoHeat = cs.cpLiquid * s * m;
+        cs.ecoMass = h1 != h4 ? cs.ecoHeat / (h1 - h4) : 0.0;
+        cs.ecoDensity = std::sqrt(cs.rhoSuction * cs.rhoVapCond);
+        const double r = cs.ecoDensity != 0.0 ? cs.rhoSuction / cs.ecoDensity : 0.0;
+        cs.ecoFactor = q0 != 0.0 ? (q0 - r * cs.ecoHeat) / q0 : 1.0;
+        if (cs.ecoFactor != 0.0) m /= cs.ecoFactor;
+        cs.ecoSubcooling = std::floor(10 * s) / 10;
+    } else {
+        const double dh = h1 - (cs.hLiqCond - cs.cpLiquid * cs.subcooling);
+        m = dh != 0.0 ? q0 / dh : 0.0;
+    }
     if (m == 0.0 || !std::isfinite(m)) m = fallback;
     return m;
 }

@@ -38,7 +38,8 @@ double VolumetricEfficiency(const Workspace& ws, double pCond, double dpDischarg
                             double dpSuctionMbar, double sweptVolume);
 
 // Refrigerant mass flow in kg/s for the refrigerating capacity q0 in kW;
-// `fallback` when the balance gives 0.
+// `fallback` when the balance gives 0. With the project's economizer on it
+// also sets the economizer fields of the cycle state.
 double MassFlow(Workspace& ws, double fallback, double q0);
 
 }  // namespace kv

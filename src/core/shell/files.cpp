@@ -1,6 +1,9 @@
 #include "shell/files.h"
 
 #include <chrono>
+#include <map>
+#include <mutex>
+#include <vector>
 #include <cstdio>
 #include <ctime>
 #include <system_error>
@@ -17,15 +20,40 @@ namespace {
 // stops there instead of taking all memory.
 constexpr std::uintmax_t kMaxReadBytes = 256u * 1024u * 1024u;
 
+// The names in a directory, kept while the directory's time of last change
+// stays: a file added, removed or renamed there moves it. A name that is not
+// there in its exact spelling is thus looked up without reading the whole
+// directory again on every look-up.
+struct Listing {
+    fs::file_time_type time{};
+    std::vector<std::string> names;
+};
+
+const std::vector<std::string>* ListDirectory(const fs::path& dir) {
+    static std::mutex mutex;
+    static std::map<std::string, Listing> listings;
+    std::error_code ec;
+    const fs::path d = dir.empty() ? fs::path(".") : dir;
+    const auto time = fs::last_write_time(d, ec);
+    if (ec) return nullptr;
+    std::lock_guard<std::mutex> lock(mutex);
+    Listing& l = listings[d.string()];
+    if (l.time != time || l.names.empty()) {
+        l.time = time;
+        l.names.clear();
+        fs::directory_iterator it(d, ec);
+        if (ec) return nullptr;
+        for (const auto& e : it) l.names.push_back(e.path().filename().string());
+    }
+    return &l.names;
+}
+
 // The entry of `dir` whose name equals `part` without regard to case.
 fs::path FindNoCase(const fs::path& dir, const std::string& part) {
-    std::error_code ec;
-    fs::directory_iterator it(dir.empty() ? fs::path(".") : dir, ec);
-    if (ec) return {};
-    for (const auto& e : it) {
-        const std::string name = e.path().filename().string();
+    const std::vector<std::string>* names = ListDirectory(dir);
+    if (!names) return {};
+    for (const std::string& name : *names)
         if (EqualsNoCase(name, part)) return dir / name;
-    }
     return {};
 }
 
@@ -87,7 +115,9 @@ std::string ReadWholeFile(const fs::path& path) {
 
 void ClearReadOnly(const fs::path& path) {
     std::error_code ec;
-    if (fs::exists(path, ec))
+    const fs::file_status st = fs::status(path, ec);
+    if (ec || !fs::exists(st)) return;
+    if ((st.permissions() & fs::perms::owner_write) == fs::perms::none)
         fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ec);
 }
 

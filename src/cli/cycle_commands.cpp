@@ -1,0 +1,89 @@
+// Commands of the cycle calculation: calc.
+#include <iostream>
+
+#include "cli.h"
+#include "cycle/kernel.h"
+#include "cycle/scheme_screen.h"
+#include "lines/pipe_table.h"
+#include "project/data_screen.h"
+
+namespace kvcli {
+
+bool PrepareCalculation(kv::Workspace& ws, kv::SchemeScreen& scheme, int& code) {
+    kv::DataScreen screen;
+    kv::OpenDataScreen(ws, screen);
+    kv::InputCheck check;
+    if (!kv::StartCalculation(ws, screen, &check)) {
+        for (const std::string& m : check.messages) {
+            std::string line = m;
+            for (char& ch : line)
+                if (ch == '\r' || ch == '\n') ch = ' ';
+            std::cerr << line << "\n";
+        }
+        code = 2;
+        return false;
+    }
+    kv::OpenSchemeScreen(ws, scheme);
+    return true;
+}
+
+nlohmann::json CycleJson(const kv::Workspace& ws) {
+    const kv::CycleState& c = ws.cycle;
+    nlohmann::json j;
+    j["refrigerant"] = ws.project.KaelteM;
+    j["Q0"] = c.Q0;
+    j["Qh"] = c.Qh;
+    j["massFlow"] = c.massFlow;
+    j["pShaft"] = c.pShaft;
+    j["eer"] = c.eer;
+    j["cop"] = c.cop;
+    j["tDischargeC"] = c.tDischargeC;
+    j["requiredSweptVolume"] = c.requiredSweptVolume;
+    j["qualityInlet"] = c.qualityInlet;
+    j["pEvap"] = c.pEvap;
+    j["pCond"] = c.pCond;
+    j["dpSuction"] = c.dpSuction;
+    j["dpDischarge"] = c.dpDischarge;
+    j["dpLiquid"] = c.dpLiquid;
+    j["annualCost"] = c.annualCost;
+    j["co2Tons"] = c.co2Tons;
+    if (ws.project.EcoFlag == 1) {
+        j["pIntermediate"] = c.pIntermediate;
+        j["tIntermediate"] = c.tIntermediate;
+        j["ecoMass"] = c.ecoMass;
+        j["ecoHeat"] = c.ecoHeat;
+    }
+    static constexpr const char* kNames[9] = {"",       "injection", "suction",           "discharge",        "liquid",
+                                              "condensate", "hotGasBypass", "economizerLiquid", "economizerSuction"};
+    nlohmann::json lines = nlohmann::json::object();
+    for (int i = 1; i <= 8; ++i) {
+        const auto k = static_cast<std::size_t>(i);
+        const int row = c.lineRow[k];
+        if (row <= 0 || !ws.pipes.HasRow(row)) continue;
+        nlohmann::json l;
+        l["size"] = ws.pipes.Name(row);
+        l["di"] = ws.pipes.Di(row);
+        l["lossMbar"] = c.lineLoss[k];
+        l["lossK"] = c.lineLossK[k];
+        l["velocity"] = c.lineVelocity[k];
+        l["red"] = {{"loss", c.lineLossRed[k]}, {"velocity", c.lineVelocityRed[k]}, {"oilReturn", c.lineOilRed[k]}};
+        lines[kNames[i]] = l;
+    }
+    j["lines"] = lines;
+    return j;
+}
+
+int CmdCalc(const Options& o) {
+    if (o.args.size() != 2) return Fail("usage: kelvaris-cli calc PROJECT.prj");
+    kv::Workspace ws = MakeWorkspace(o);
+    int code = 0;
+    if (!LoadProjectArg(ws, o.args[1], code)) return code;
+    kv::SchemeScreen scheme;
+    if (!PrepareCalculation(ws, scheme, code)) return code;
+    // The question on stored sizes is answered No: a batch run keeps them.
+    if (!kv::CalculateCycle(ws, scheme, kv::FirstCalculation)) return Fail("the cycle could not be calculated");
+    Print(o, CycleJson(ws));
+    return 0;
+}
+
+}  // namespace kvcli

@@ -1,0 +1,136 @@
+// The diagram command: the h,log p diagram of a project, or of a fluid at two
+// temperatures, written as PNG, SVG or PDF.
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "cli.h"
+
+#ifdef KELVARIS_WITH_RENDER
+#include <QByteArray>
+#include <QGuiApplication>
+#include <QString>
+
+#include "cycle/diagram.h"
+#include "project/data_screen.h"
+#include "refrigerant/registry.h"
+#include "render/render.h"
+#include "shell/numbers.h"
+#include "shell/text.h"
+#endif
+
+namespace kvcli {
+
+#ifndef KELVARIS_WITH_RENDER
+
+int CmdDiagram(const Options&) {
+    std::cerr << "kelvaris-cli: the diagram command is not built into this program (it needs Qt 6 Gui and Svg)\n";
+    return 1;
+}
+
+#else
+
+namespace {
+
+constexpr const char* kDiagramUsage =
+    "usage: kelvaris-cli diagram PROJECT.prj --out FILE.png|.svg|.pdf\n"
+    "       kelvaris-cli diagram --fluid NAME --t0 C --tc C --out FILE.png|.svg|.pdf";
+
+std::string Value(const Options& o, const char* key) {
+    const auto it = o.values.find(key);
+    return it == o.values.end() ? std::string() : it->second;
+}
+
+bool PictureSuffix(const std::string& path) {
+    const std::string lower = kv::UpperAscii(path);
+    for (const char* s : {".PNG", ".SVG", ".PDF"}) {
+        const std::string suffix = s;
+        if (lower.size() > suffix.size() && lower.compare(lower.size() - suffix.size(), suffix.size(), suffix) == 0)
+            return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+int CmdDiagram(const Options& o) {
+    const std::string out = Value(o, "out");
+    if (out.empty()) return Fail(kDiagramUsage);
+    if (!PictureSuffix(out)) return Fail("the picture file must end in .png, .svg or .pdf: " + out);
+    const std::string fluid = Value(o, "fluid");
+    const bool quickLook = o.args.size() == 1;
+    if (quickLook == fluid.empty() || o.args.size() > 2) return Fail(kDiagramUsage);
+
+    kv::Workspace ws = MakeWorkspace(o);
+    double t0 = 0, tc = 0;
+    if (quickLook) {
+        if (!NumberArg(Value(o, "t0"), t0) || !NumberArg(Value(o, "tc"), tc)) return Fail(kDiagramUsage);
+        ws.project.KaelteM = fluid;
+        kv::NormalizeRefrigerantName(ws.project);
+        if (!kv::LookupRefrigerantTable(ws.project.KaelteM)) return Fail("unknown refrigerant: " + fluid);
+        ws.project.ProjektNam.clear();
+        ws.project.Tver = kv::NumberText(t0);
+        ws.project.tko = kv::NumberText(tc);
+    } else {
+        int code = 0;
+        if (!LoadProjectArg(ws, o.args[1], code)) return code;
+        const kv::InputCheck check = kv::CheckInput(ws);
+        if (check.Count() > 0) {
+            for (const std::string& m : check.messages) {
+                std::string line = m;
+                for (char& ch : line)
+                    if (ch == '\r' || ch == '\n') ch = ' ';
+                std::cerr << line << "\n";
+            }
+            return 2;
+        }
+    }
+
+    // The project file does not keep the CO2 mode: CO2 is drawn with the
+    // gas cooler rules, its high side on the gas cooler pressure.
+    if (kv::IsCo2(ws.project.KaelteM) && ws.project.Co2Mode == 0) ws.project.Co2Mode = 1;
+    kv::DiagramWindow window = kv::OpenDiagramWindow(ws);
+    if (quickLook) {
+        // The quick look keeps the temperatures as given, fractions included.
+        window[kv::TrimField::Evaporating].text = kv::NumberText(t0);
+        window[kv::TrimField::Condensing].text = kv::NumberText(tc);
+    }
+    const kv::DrawingList drawing = kv::Play_DiaG(ws, window);
+    if (drawing.Empty()) {
+        std::cerr << "kelvaris-cli: no property table for " << ws.project.KaelteM << "\n";
+        return 1;
+    }
+
+    nlohmann::json j;
+    j["out"] = out;
+    j["refrigerant"] = window.fluid;
+    j["tableFile"] = window.scales.tableFile;
+    j["t0"] = window[kv::TrimField::Evaporating].text;
+    j["tc"] = window[kv::TrimField::Condensing].text;
+    if (window.cycle.valid) {
+        j["pEvap"] = window.cycle.pEvap;
+        j["pCond"] = window.cycle.pCond;
+        j["tDischargeC"] = window.cycle.tDischargeC;
+        j["EER"] = window.figures.EER_ACT;
+    }
+
+    // A batch run has no screen: Qt paints off screen unless told otherwise.
+    if (std::getenv("QT_QPA_PLATFORM") == nullptr) qputenv("QT_QPA_PLATFORM", QByteArray("offscreen"));
+    int argc = 1;
+    char name[] = "kelvaris-cli";
+    char* argv[] = {name, nullptr};
+    QGuiApplication app(argc, argv);
+    kv::render::InitRender();
+    QString error;
+    const QString title = QString::fromStdString(window.fluid + " h,log p");
+    if (!kv::render::WritePicture(drawing, QString::fromStdString(out), title, &error)) {
+        std::cerr << "kelvaris-cli: " << error.toStdString() << "\n";
+        return 1;
+    }
+    Print(o, j);
+    return 0;
+}
+
+#endif
+
+}  // namespace kvcli

@@ -1,0 +1,52 @@
+// Commands of the energy calculation: annual, the seasonal performance of a
+// heat pump over the typical year of the data directory's JG_HEAT.DAT.
+#include <iostream>
+
+#include "cli.h"
+#include "cycle/kernel.h"
+#include "cycle/scheme_screen.h"
+#include "energy/annual.h"
+#include "shell/files.h"
+
+namespace kvcli {
+
+int CmdAnnual(const Options& o) {
+    if (o.args.size() != 2) return Fail("usage: kelvaris-cli annual PROJECT.prj");
+    kv::Workspace ws = MakeWorkspace(o);
+    int code = 0;
+    if (!LoadProjectArg(ws, o.args[1], code)) return code;
+    kv::SchemeScreen scheme;
+    if (!PrepareCalculation(ws, scheme, code)) return code;
+    // The design point first, as calc gives it: the year holds its compressor.
+    if (!kv::CalculateCycle(ws, scheme, kv::FirstCalculation)) return Fail("the cycle could not be calculated");
+    const kv::SeasonalResult r = kv::RechKern(ws, scheme);
+    if (!r.ran) {
+        std::cerr << "kelvaris-cli: the seasonal performance could not be calculated\n";
+        return 1;
+    }
+
+    nlohmann::json j;
+    j["refrigerant"] = ws.project.KaelteM;
+    j["heatSource"] = ws.project.PairText;
+    j["scop"] = r.scop;
+    j["etaSh"] = r.etaSh;
+    j["copMinusOne"] = r.copMinusOne;
+    j["copMax"] = r.copMax;
+    j["copMin"] = r.copMin;
+    j["electricEnergy"] = r.energyTotal;
+    j["heatDemand"] = r.heatDemand;
+    j["annualCost"] = r.annualCost;
+    j["currency"] = ws.settings.Waehrung;
+    j["co2Tons"] = r.co2Tons;
+    j["extraHeat"] = r.extraHeat;
+    j["extraHeatCost"] = r.extraHeatCost;
+    j["heatingHours"] = r.heatingHours;
+    j["fullLoadHours"] = r.weightedHours;
+    j["designQh"] = ws.cycle.Qh;
+    j["designCop"] = ws.cycle.cop;
+    j["hourTable"] = kv::ResolveName(ws, kv::kSeasonFile).string();
+    Print(o, j);
+    return 0;
+}
+
+}  // namespace kvcli

@@ -1,0 +1,88 @@
+// The plant scheme screen (schemaR) as a plain model: every figure it shows,
+// as the text it shows and whether it is red, and the rules of its entries,
+// check boxes and line scrollbars. The cycle kernel writes its results here;
+// the widgets only show them.
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace kv {
+
+struct Workspace;
+
+// One line group: the size scrollbar and the figures beside it.
+struct LineGroup {
+    int row = 0;     // scrollbar value: row of the pipe table, from 1
+    int maxRow = 0;  // number of sizes of the table
+    std::string diameter, length, lossMbar, lossK, velocity, minLoad;
+    bool lossRed = false, velocityRed = false, minLoadRed = false;
+};
+
+struct SchemeScreen {
+    // Entries.
+    std::string t0, Tc;   // evaporating, condensing temperature, °C
+    std::string po, pc;   // their pressures, bar
+    std::string p0psi, pcpsi;
+    std::string Qh, Q0;   // heating and refrigerating capacity, kW
+    std::string RLcombo;  // pipe standard
+    bool Hubconstant = false;  // keep the swept volume, capacity follows
+    bool cConstant = false;    // keep the line diameters
+    bool EcoCheck = false;
+
+    // Labels.
+    std::string TsLeit, tEnd;       // suction and discharge temperature
+    std::string MstrLab;            // mass flow, kg/s
+    std::string xDampf;             // vapour quality at the evaporator inlet
+    std::string ElLeistVD_l;        // "Qel=" power " kW"
+    std::string PN50_l;             // swept volume and compressor principle
+    std::string LeistZ, COP_Heiz, Eta_heiz, BetrKo, CO2consum, Zuheiz;
+    std::string ECOWTPN;            // heat of the economizer, kW
+    std::string tIntermediate, pIntermediate;
+
+    // Line groups by line section 1..8 (injection .. economizer suction).
+    std::array<LineGroup, 9> lines{};
+
+    double savedKompHub = 0.0;  // m³/h, the swept volume kept by Hubconstant
+    bool keepSizesOnce = false; // the next run keeps every line's size (a scrollbar moved)
+    bool guard = false;         // set while code writes fields
+};
+
+// Figures are cut, not rounded: `decimals` places, the integer part of
+// value x 10^decimals. A guard of a millionth of the last place keeps binary
+// noise (0.29 x 100 = 28.999...) from taking a digit away.
+double CutFigure(double value, int decimals);
+std::string CutText(double value, int decimals);
+// The " °C" suffix of the temperature labels.
+inline constexpr const char* kDegreeSuffix = " \u00b0C";
+
+// Fills the entries from the project and the lists of the screen on opening.
+void OpenSchemeScreen(Workspace& ws, SchemeScreen& s);
+
+// Enter in t0 or Tc: the limit checks (message 54 with "tmin = " or
+// "tmax = "), then CalculateCycle(0). False when a check refused the value.
+bool EnterEvaporatingTemperature(Workspace& ws, SchemeScreen& s);
+bool EnterCondensingTemperature(Workspace& ws, SchemeScreen& s);
+// The Calculate button: both checks, then CalculateCycle(1).
+bool CalculateButton(Workspace& ws, SchemeScreen& s);
+
+// A pressure typed into po or pc: the psi label and the temperature field
+// (5 K table step; the mean of both pressure columns for a fluid with glide).
+void EnterEvaporatingPressure(Workspace& ws, SchemeScreen& s);
+void EnterCondensingPressure(Workspace& ws, SchemeScreen& s);
+// The temperature of a saturation pressure, as the pressure entries take it.
+double TemperatureOfPressure(Workspace& ws, double pBar);
+
+// The refrigerant box: false (and the box set back) when refused.
+bool ChangeRefrigerant(Workspace& ws, SchemeScreen& s, const std::string& name);
+// The pipe standard box.
+void ChangePipeStandard(Workspace& ws, SchemeScreen& s, const std::string& text);
+// The check boxes.
+void SetHubconstant(Workspace& ws, SchemeScreen& s, bool on);
+void SetEcoCheck(Workspace& ws, SchemeScreen& s, bool on);
+
+// A line scrollbar moved to `row`: recalculates the line and what follows
+// from it, only after a completed calculation. False when nothing ran.
+bool MoveLineScrollbar(Workspace& ws, SchemeScreen& s, int section, int row);
+
+}  // namespace kv

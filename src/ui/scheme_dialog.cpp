@@ -1,0 +1,227 @@
+#include "ui/scheme_dialog.h"
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include "cycle/kernel.h"
+#include "cycle/scheme_picture.h"
+#include "refrigerant/registry.h"
+#include "shell/captions.h"
+#include "shell/workspace.h"
+#include "ui/picture_view.h"
+
+namespace kvui {
+namespace {
+
+QString Label(const kv::Workspace& ws, kv::Cap word, const char* unit = "") {
+    return Q(kv::FieldLabel(ws.captions[word], unit));
+}
+
+void SetRed(QLabel* label, const std::string& text, bool red) {
+    label->setText(Q(text));
+    label->setStyleSheet(red ? QStringLiteral("color: #d01010; font-weight: bold;") : QString());
+}
+
+}  // namespace
+
+SchemeDialog::SchemeDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) {
+    setObjectName(QStringLiteral("schemaR"));
+    setWindowTitle(Q(ws.captions[kv::Cap::SchemeTitle]) + QStringLiteral(" - ") + Q(ws.Title()));
+    kv::OpenSchemeScreen(ws_, screen_);
+
+    view_ = new PictureView;
+    view_->setObjectName(QStringLiteral("SchemePicture"));
+    auto* top = new QHBoxLayout;
+    top->addWidget(view_, 1);
+    top->addWidget(BuildEntries());
+
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(top, 1);
+    layout->addWidget(BuildLines());
+    resize(1280, 860);
+    Refresh();
+}
+
+QWidget* SchemeDialog::BuildEntries() {
+    kv::SchemeScreen& s = screen_;
+    kv::Project& p = ws_.project;
+    auto* box = new QGroupBox(Q(ws_.captions.Message(50)));
+    box->setMinimumWidth(380);
+    box->setMaximumWidth(420);
+    auto* form = new QFormLayout(box);
+
+    auto refresh = [this] { Refresh(); };
+    form->addRow(Label(ws_, kv::Cap::Refrigerant),
+                 bind_.Box(p.KaelteM, kv::RefrigerantListForProject(), [this, refresh] {
+                     if (filling_) return;
+                     const std::string chosen = ws_.project.KaelteM;
+                     if (!kv::ChangeRefrigerant(ws_, screen_, chosen)) ws_.project.KaelteM = chosen;
+                     refresh();
+                 }, false, "KaelteM"));
+    const std::vector<std::string> pipes = {ws_.captions[kv::Cap::PipeWord] + " SI",
+                                            ws_.captions[kv::Cap::PipeWord] + " INCH", ws_.captions[kv::Cap::PipeSteel]};
+    form->addRow(Label(ws_, kv::Cap::PipeSeries), bind_.Box(s.RLcombo, pipes, [this, refresh] {
+        if (filling_) return;
+        kv::ChangePipeStandard(ws_, screen_, screen_.RLcombo);
+        refresh();
+    }, false, "RLcombo"));
+    form->addRow(Label(ws_, kv::Cap::EvapTemp, "\u00b0C"), bind_.Text(s.t0, [this, refresh] {
+        kv::EnterEvaporatingTemperature(ws_, screen_);
+        refresh();
+    }, "t0"));
+    form->addRow(Label(ws_, kv::Cap::CondTemp, "\u00b0C"), bind_.Text(s.Tc, [this, refresh] {
+        kv::EnterCondensingTemperature(ws_, screen_);
+        refresh();
+    }, "Tc"));
+    psi0_ = new QLabel;
+    psic_ = new QLabel;
+    auto* po = bind_.Text(s.po, [this, refresh] {
+        kv::EnterEvaporatingPressure(ws_, screen_);
+        kv::EnterEvaporatingTemperature(ws_, screen_);
+        refresh();
+    }, "po");
+    auto* pc = bind_.Text(s.pc, [this, refresh] {
+        kv::EnterCondensingPressure(ws_, screen_);
+        kv::EnterCondensingTemperature(ws_, screen_);
+        refresh();
+    }, "pc");
+    auto* poRow = new QHBoxLayout;
+    poRow->addWidget(po);
+    poRow->addWidget(psi0_);
+    auto* pcRow = new QHBoxLayout;
+    pcRow->addWidget(pc);
+    pcRow->addWidget(psic_);
+    form->addRow(Label(ws_, kv::Cap::EvapPressure, "bar"), poRow);
+    form->addRow(Label(ws_, kv::Cap::CondPressure, "bar"), pcRow);
+    form->addRow(Label(ws_, kv::Cap::HeatingCapacity, "kW"), bind_.Text(s.Qh, {}, "Qh"));
+    form->addRow(Label(ws_, kv::Cap::RefrigCapacity, "kW"), bind_.Text(s.Q0, {}, "Q0"));
+
+    hub_ = new QCheckBox(Q(ws_.captions[kv::Cap::KeepSweptVolume]));
+    hub_->setObjectName(QStringLiteral("Hubconstant"));
+    keep_ = new QCheckBox(Q(ws_.captions[kv::Cap::KeepLineDiameters]));
+    keep_->setObjectName(QStringLiteral("cConstant"));
+    eco_ = new QCheckBox(Q(ws_.captions[kv::Cap::Economizer]));
+    eco_->setObjectName(QStringLiteral("EcoCheck"));
+    connect(hub_, &QCheckBox::toggled, this, [this](bool on) {
+        if (filling_) return;
+        kv::SetHubconstant(ws_, screen_, on);
+        Refresh();
+    });
+    connect(keep_, &QCheckBox::toggled, this, [this](bool on) { screen_.cConstant = on; });
+    connect(eco_, &QCheckBox::toggled, this, [this](bool on) {
+        if (filling_) return;
+        kv::SetEcoCheck(ws_, screen_, on);
+        Refresh();
+    });
+    form->addRow(hub_);
+    form->addRow(keep_);
+    form->addRow(eco_);
+
+    auto* calc = new QPushButton(Q(ws_.captions[kv::Cap::BtnCalculate]));
+    calc->setObjectName(QStringLiteral("rechbutt"));
+    calc->setDefault(true);
+    auto* diagram = new QPushButton(Q(ws_.captions[kv::Cap::HLogPTitle]));
+    diagram->setObjectName(QStringLiteral("Diagram"));
+    auto* close = new QPushButton(Q(ws_.captions[kv::Cap::Close]));
+    close->setObjectName(QStringLiteral("Abbrechen"));
+    connect(calc, &QPushButton::clicked, this, [this] { Calculate(); });
+    connect(diagram, &QPushButton::clicked, this, &SchemeDialog::diagramRequested);
+    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    form->addRow(calc);
+    form->addRow(diagram);
+    form->addRow(close);
+    return box;
+}
+
+QWidget* SchemeDialog::BuildLines() {
+    const kv::Captions& c = ws_.captions;
+    auto* box = new QGroupBox(Q(c[kv::Cap::LinesGrid]));
+    auto* grid = new QGridLayout(box);
+    const kv::Cap names[9] = {kv::Cap::LinesGrid,      kv::Cap::LineInjection,    kv::Cap::LineSuction,
+                              kv::Cap::LineDischarge,  kv::Cap::LineLiquid,       kv::Cap::LineCondensate,
+                              kv::Cap::LineHotGasBypass, kv::Cap::LineEcoLiquid,  kv::Cap::LineEcoSuction};
+    const char* bars[9] = {"", "EinspScroll", "SaugScroll2", "DruckScroll3", "FluessScroll4",
+                           "KondScroll", "HGbyPScroll", "SCR_ECO_FL", "SCR_ECO_SL"};
+    const QStringList heads = {QString(), Q(c[kv::Cap::PipeSize]), Q(c[kv::Cap::Diameter]),
+                               QStringLiteral("mbar"), QStringLiteral("K"), QStringLiteral("m/s"),
+                               Q(c[kv::Cap::MinimumLoad])};
+    for (int i = 0; i < heads.size(); ++i) grid->addWidget(new QLabel(QStringLiteral("<b>") + heads[i] + QStringLiteral("</b>")), 0, i);
+    for (int i = 1; i <= 8; ++i) {
+        LineRow& r = lines_[static_cast<std::size_t>(i)];
+        r.name = new QLabel(Q(c[names[i]]));
+        r.bar = new QScrollBar(Qt::Horizontal);
+        r.bar->setObjectName(QLatin1String(bars[i]));
+        r.bar->setMinimumWidth(220);
+        r.bar->setPageStep(1);
+        r.diameter = new QLabel;
+        r.loss = new QLabel;
+        r.lossK = new QLabel;
+        r.velocity = new QLabel;
+        r.minLoad = new QLabel;
+        grid->addWidget(r.name, i, 0);
+        grid->addWidget(r.bar, i, 1);
+        grid->addWidget(r.diameter, i, 2);
+        grid->addWidget(r.loss, i, 3);
+        grid->addWidget(r.lossK, i, 4);
+        grid->addWidget(r.velocity, i, 5);
+        grid->addWidget(r.minLoad, i, 6);
+        connect(r.bar, &QScrollBar::valueChanged, this, [this, i](int value) {
+            if (!filling_) MoveLine(i, value);
+        });
+    }
+    grid->setColumnStretch(1, 2);
+    for (int col = 2; col <= 6; ++col) grid->setColumnMinimumWidth(col, col == 2 ? 150 : 70);
+    return box;
+}
+
+bool SchemeDialog::Calculate() {
+    const bool ok = kv::CalculateButton(ws_, screen_);
+    Refresh();
+    return ok;
+}
+
+void SchemeDialog::MoveLine(int section, int row) {
+    kv::MoveLineScrollbar(ws_, screen_, section, row);
+    Refresh();
+}
+
+void SchemeDialog::Refresh() {
+    filling_ = true;
+    bind_.Refresh();
+    psi0_->setText(Q(screen_.p0psi));
+    psic_->setText(Q(screen_.pcpsi));
+    for (auto [box, on] : {std::pair{hub_, screen_.Hubconstant}, {keep_, screen_.cConstant}, {eco_, screen_.EcoCheck}}) {
+        const QSignalBlocker block(box);
+        box->setChecked(on);
+    }
+    const bool eco = ws_.project.EcoFlag == 1;
+    for (int i = 1; i <= 8; ++i) {
+        const kv::LineGroup& g = screen_.lines[static_cast<std::size_t>(i)];
+        LineRow& r = lines_[static_cast<std::size_t>(i)];
+        const bool shown = (i < kv::EconomizerLiquid || eco) && (i != kv::HotGasBypass || ws_.project.HGBypass == 1);
+        for (QWidget* w : {static_cast<QWidget*>(r.name), static_cast<QWidget*>(r.bar), static_cast<QWidget*>(r.diameter),
+                           static_cast<QWidget*>(r.loss), static_cast<QWidget*>(r.lossK),
+                           static_cast<QWidget*>(r.velocity), static_cast<QWidget*>(r.minLoad)})
+            w->setVisible(shown);
+        const QSignalBlocker block(r.bar);
+        r.bar->setRange(g.maxRow > 0 ? 1 : 0, std::max(g.maxRow, 0));
+        r.bar->setValue(g.row);
+        r.diameter->setText(Q(g.diameter));
+        SetRed(r.loss, g.lossMbar, g.lossRed);
+        SetRed(r.lossK, g.lossK, g.lossRed);
+        SetRed(r.velocity, g.velocity, g.velocityRed);
+        SetRed(r.minLoad, g.minLoad, g.minLoadRed);
+    }
+    view_->SetPicture(kv::ComposeSchemePicture(ws_, screen_));
+    filling_ = false;
+}
+
+}  // namespace kvui

@@ -1,0 +1,102 @@
+// The project data screen and the plant scheme screen, offscreen, on a
+// factory sample: fill, calculate, trim a line.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableWidget>
+#include <QTest>
+
+#include "project/project_file.h"
+#include "shell/startup.h"
+#include "ui/main_window.h"
+#include "ui/project_data_dialog.h"
+#include "ui/qt_interface.h"
+#include "ui/scheme_dialog.h"
+#include "ui/tables_dialogs.h"
+#include "workspace_fixture.h"
+
+namespace {
+
+void Snapshot(QWidget& w, const char* name) {
+    const QByteArray dir = qgetenv("KV_SCREENSHOTS");
+    if (!dir.isEmpty()) w.grab().save(QString::fromLocal8Bit(dir) + QLatin1Char('/') + QLatin1String(name) + ".png");
+}
+
+class Screens : public kvtest::WorkspaceTest {
+protected:
+    void SetUp() override {
+        kvtest::WorkspaceTest::SetUp();
+        kv::PrepareWorkspace(ws);
+        ws.statusWord = 108;  // no welcome screen
+    }
+    void LoadSample(const char* name) {
+        std::string type = "HeatP";
+        const std::string dir = (ws.DataDir() / "samples").string() + "/";
+        ASSERT_TRUE(kv::LoadProject(ws, type, dir + name, dir));
+        ws.project.AnlagenTyp = type;
+    }
+};
+
+TEST_F(Screens, CalculateFromTheDataScreenAndTrimALine) {
+    LoadSample("Brine_R410A.prj");
+    kvui::MainWindow window(ws);
+    window.show();
+    window.OpenProjectData();
+    auto* data = window.findChild<kvui::ProjectDataDialog*>();
+    ASSERT_NE(data, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(data));
+    EXPECT_EQ(data->findChild<QLineEdit*>(QStringLiteral("Tver"))->text(), kvui::Q(ws.project.Tver));
+
+    // A grey fitting cell takes no input; an open one does and sums the zetas.
+    auto* armatur = data->findChild<QTableWidget*>(QStringLiteral("Armatur"));
+    ASSERT_NE(armatur, nullptr);
+    EXPECT_FALSE(armatur->item(1, 4)->flags() & Qt::ItemIsEditable);  // (5, 2)
+    armatur->item(1, 0)->setText(QStringLiteral("8"));                // (1, 2): bends of the suction line
+    EXPECT_EQ(ws.project.Armatur.Cell(1, 2), "8");
+    EXPECT_FALSE(ws.project.Geometr.Cell(2, 3).empty());
+    Snapshot(*data, "project_data");
+
+    data->findChild<QPushButton*>(QStringLiteral("Calculate"))->click();
+    auto* scheme = data->findChild<kvui::SchemeDialog*>();
+    ASSERT_NE(scheme, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(scheme));
+    scheme->findChild<QPushButton*>(QStringLiteral("rechbutt"))->click();
+    EXPECT_TRUE(ws.cycle.valid);
+    EXPECT_GT(ws.cycle.Q0, 0);
+    auto* bar = scheme->findChild<QScrollBar*>(QStringLiteral("SaugScroll2"));
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(bar->value(), ws.cycle.lineRow[kv::Suction]);
+    const double loss = ws.cycle.lineLoss[kv::Suction];
+    bar->setValue(bar->value() + 1);
+    EXPECT_LT(ws.cycle.lineLoss[kv::Suction], loss);
+    Snapshot(*scheme, "plant_scheme");
+    scheme->accept();
+    data->accept();
+}
+
+TEST_F(Screens, PipeAndZetaTables) {
+    kvui::MainWindow window(ws);
+    window.OpenPipeTables();
+    auto* pipes = window.findChild<kvui::PipeTableDialog*>();
+    ASSERT_NE(pipes, nullptr);
+    auto* grid = pipes->findChild<QTableWidget*>(QStringLiteral("PipeGrid"));
+    EXPECT_FALSE(grid->item(0, 0)->text().isEmpty());
+    pipes->findChild<QPushButton*>(QStringLiteral("RohrIN.DAT"))->click();
+    EXPECT_EQ(pipes->Model().file, "RohrIN.DAT");
+    Snapshot(*pipes, "pipe_tables");
+    pipes->accept();
+
+    window.OpenZetaValues();
+    auto* zeta = window.findChild<kvui::ZetaDialog*>();
+    ASSERT_NE(zeta, nullptr);
+    auto* zgrid = zeta->findChild<QTableWidget*>(QStringLiteral("ZetaGrid"));
+    zgrid->item(0, 0)->setText(QStringLiteral("2,5"));
+    ASSERT_TRUE(zeta->Save());
+    EXPECT_DOUBLE_EQ(ws.project.ZetaWert[1], 2.5);
+}
+
+}  // namespace
