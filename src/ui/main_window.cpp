@@ -23,6 +23,7 @@
 #include "shell/settings.h"
 #include "shell/startup.h"
 #include "shell/workspace.h"
+#include "ui/diagram_dialog.h"
 #include "ui/help_dialog.h"
 #include "ui/project_data_dialog.h"
 #include "ui/scheme_dialog.h"
@@ -198,7 +199,10 @@ void MainWindow::OpenProjectData() {
     auto* data = OpenScreen(new ProjectDataDialog(ws_, this));
     connect(data, &ProjectDataDialog::calculationStarted, data, [this, data] {
         auto* scheme = OpenScreen(new SchemeDialog(ws_, data));
-        connect(scheme, &SchemeDialog::diagramRequested, scheme, [this, scheme] { emit diagramRequested(scheme); });
+        connect(scheme, &SchemeDialog::diagramRequested, scheme, [this, scheme] {
+            OpenScreen(new DiagramDialog(ws_, scheme));
+            emit diagramRequested(scheme);
+        });
     });
 }
 

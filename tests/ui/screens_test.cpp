@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
@@ -12,6 +13,7 @@
 
 #include "project/project_file.h"
 #include "shell/startup.h"
+#include "ui/diagram_dialog.h"
 #include "ui/main_window.h"
 #include "ui/project_data_dialog.h"
 #include "ui/qt_interface.h"
@@ -74,6 +76,24 @@ TEST_F(Screens, CalculateFromTheDataScreenAndTrimALine) {
     bar->setValue(bar->value() + 1);
     EXPECT_LT(ws.cycle.lineLoss[kv::Suction], loss);
     Snapshot(*scheme, "plant_scheme");
+
+    // The diagram of the point, trimmed on a scrollbar, read at a point, saved.
+    scheme->findChild<QPushButton*>(QStringLiteral("Diagram"))->click();
+    auto* diagram = scheme->findChild<kvui::DiagramDialog*>();
+    ASSERT_NE(diagram, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(diagram));
+    auto* t0 = diagram->findChild<QScrollBar*>(QStringLiteral("to_scroll"));
+    ASSERT_NE(t0, nullptr);
+    t0->setValue(t0->value() - 4);
+    EXPECT_EQ(diagram->Model()[kv::TrimField::Evaporating].text, std::to_string(t0->value()));
+    diagram->ReadOut(300, 300, true);
+    EXPECT_TRUE(diagram->findChild<QLabel*>(QStringLiteral("Readout"))->isVisible());
+    Snapshot(*diagram, "diagram");
+    diagram->ReadOut(0, 0, false);
+    const std::string png = (root / "diagram.png").string();
+    EXPECT_TRUE(diagram->SaveAs(QString::fromStdString(png)));
+    EXPECT_GT(kv::FileLength(png), 10000u);
+    diagram->accept();
     scheme->accept();
     data->accept();
 }

@@ -94,7 +94,7 @@ SeasonalResult SeasonalFigures(const SeasonAccumulators& acc, double energyPrice
     if (acc.weightedHours != 0.0) r.scop = RoundHundredths(acc.weightedCop / acc.weightedHours);
     r.etaSh = IntPart(1000 * r.scop / kPrimaryEnergyFactor) / 10;
     r.copMinusOne = IntPart(100 * (r.scop - 1)) / 100;
-    r.annualCost = energyPrice * IntPart(acc.energyTotal);
+    r.annualCost = std::round(100 * energyPrice * IntPart(acc.energyTotal)) / 100;  // to the cent
     r.co2Tons = IntPart(10 * kCo2PerKWh * acc.energyTotal) / 10000;
     r.extraHeat = IntPart(acc.extraHeat);
     r.extraHeatCost = IntPart(10 * (kExtraHeatPrice * acc.extraHeat + 0.05)) / 10;
