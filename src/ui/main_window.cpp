@@ -23,6 +23,7 @@
 #include "shell/settings.h"
 #include "shell/startup.h"
 #include "shell/workspace.h"
+#include "ui/defaults_dialog.h"
 #include "ui/diagram_dialog.h"
 #include "ui/help_dialog.h"
 #include "ui/project_data_dialog.h"
@@ -75,6 +76,7 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     saveAs_ = MenuButton("SaveProjectAs");
     pipes_ = MenuButton("PipeData");
     zeta_ = MenuButton("ZetaValues");
+    defaults_ = MenuButton("Defaults");
     help_ = MenuButton("Help");
     info_ = MenuButton("Information");
     printSetup_ = MenuButton("PrintSetup");
@@ -83,7 +85,7 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     menu->addStretch(1);
     auto* data = new QVBoxLayout;
     data->setSpacing(8);
-    for (QPushButton* b : {pipes_, zeta_, help_, info_, printSetup_}) data->addWidget(b);
+    for (QPushButton* b : {defaults_, pipes_, zeta_, help_, info_, printSetup_}) data->addWidget(b);
     data->addSpacing(12);
     data->addWidget(end_);
     data->addStretch(1);
@@ -117,6 +119,7 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     connect(saveAs_, &QPushButton::clicked, this, &MainWindow::SaveProjectAsAction);
     connect(pipes_, &QPushButton::clicked, this, &MainWindow::OpenPipeTables);
     connect(zeta_, &QPushButton::clicked, this, &MainWindow::OpenZetaValues);
+    connect(defaults_, &QPushButton::clicked, this, &MainWindow::OpenDefaults);
     connect(help_, &QPushButton::clicked, this, &MainWindow::ShowHelp);
     connect(info_, &QPushButton::clicked, this, &MainWindow::ShowInformation);
     connect(printSetup_, &QPushButton::clicked, this, &MainWindow::PrintSetup);
@@ -142,6 +145,7 @@ void MainWindow::FillCaptions() {
     saveAs_->setText(Q(c[kv::Cap::MenuSaveProjectAs]));
     pipes_->setText(Q(c[kv::Cap::MenuPipeData]));
     zeta_->setText(Q(c[kv::Cap::MenuZetaValues]));
+    defaults_->setText(Q(c[kv::Cap::MenuDefaults]));
     help_->setText(Q(c[kv::Cap::MenuHelp]));
     info_->setText(Q(c[kv::Cap::MenuInformation]));
     printSetup_->setText(Q(c[kv::Cap::MenuPrintSetup]));
@@ -248,6 +252,17 @@ void MainWindow::SaveProjectAsAction() {
 void MainWindow::OpenPipeTables() { OpenScreen(new PipeTableDialog(ws_, this)); }
 
 void MainWindow::OpenZetaValues() { OpenScreen(new ZetaDialog(ws_, this)); }
+
+void MainWindow::OpenDefaults() {
+    // The defaults screen is opened with the option mark set.
+    ws_.optionMark = 1;
+    auto* d = OpenScreen(new DefaultsDialog(ws_, this));
+    connect(d, &QDialog::finished, this, [this] {
+        ws_.optionMark = 0;
+        kv::LoadCaptions(ws_);
+        FillCaptions();
+    });
+}
 
 void MainWindow::ActOnStatusWord() {
     switch (kv::StartActionFor(ws_.statusWord)) {

@@ -31,6 +31,7 @@ public:
     void SaveProjectAsAction();
     void OpenPipeTables();
     void OpenZetaValues();
+    void OpenDefaults();
     // Acts on the status word of the exchange file once the window shows.
     void ActOnStatusWord();
 
@@ -60,6 +61,7 @@ private:
     QPushButton* saveAs_ = nullptr;
     QPushButton* pipes_ = nullptr;
     QPushButton* zeta_ = nullptr;
+    QPushButton* defaults_ = nullptr;
     QPushButton* help_ = nullptr;
     QPushButton* info_ = nullptr;
     QPushButton* printSetup_ = nullptr;

@@ -2,6 +2,7 @@
 
 #include "shell/files.h"
 #include "shell/separators.h"
+#include "shell/defaults_screen.h"
 #include "shell/settings.h"
 #include "shell/text.h"
 #include "workspace_fixture.h"
@@ -179,4 +180,24 @@ TEST_F(SettingsFile, AuxiliaryDataFromDefaultsAndFromTheCatalogueRecords) {
     kv::ResetAuxiliaryData(ws, 2);
     EXPECT_EQ(Get("enerACT.dat"), "\"10\",\"300\",\"0.28\",\"0.6\"\r\n");
     EXPECT_EQ(kv::ReadEnergyValues(ws), (std::vector<std::string>{"10", "300", "0.28", "0.6"}));
+}
+
+TEST_F(SettingsFile, DefaultsScreenWritesTheStoredFields) {
+    kv::LoadSettings(ws);
+    kv::DefaultsScreen d = kv::OpenDefaultsScreen(ws);
+    EXPECT_EQ(d.Sprache, "ENG");
+    EXPECT_EQ(d.hoursPerDay, "12");
+    d.Waehrung = "CHF";
+    d.DezimalModus = "1";
+    d.PictureSet = "9";  // out of range: the last set
+    d.energyPrice = "0,35";
+    d.DefaultCountry = "AUSTRIA";
+    ASSERT_TRUE(kv::ApplyDefaults(ws, d));
+    kv::Workspace again = ws;
+    kv::LoadSettings(again);
+    EXPECT_EQ(again.settings.Waehrung, "CHF");
+    EXPECT_EQ(again.settings.DezimalModus, 1);
+    EXPECT_EQ(again.settings.PictureSet, 5);
+    EXPECT_EQ(Get("energk.dat"), "\"12\",\"365\",\"0.35\",\"0.5\"\r\n");
+    EXPECT_EQ(kv::DefaultCountryKey(ws), "AUSTRIA");
 }

@@ -1,0 +1,56 @@
+#include "ui/defaults_dialog.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "shell/captions.h"
+#include "shell/workspace.h"
+
+namespace kvui {
+
+DefaultsDialog::DefaultsDialog(kv::Workspace& ws, QWidget* parent)
+    : QDialog(parent), ws_(ws), screen_(kv::OpenDefaultsScreen(ws)) {
+    setObjectName(QStringLiteral("Defaults"));
+    setWindowTitle(Q(ws.captions[kv::Cap::DefaultsTitle]) + QStringLiteral(" - ") + Q(ws.Title()));
+    const kv::Captions& c = ws.captions;
+    auto label = [&c](kv::Cap w, const char* unit = "") { return Q(kv::FieldLabel(c[w], unit)); };
+    auto* form = new QFormLayout;
+    kv::DefaultsScreen& d = screen_;
+    std::vector<std::string> languages(kv::kLanguages.begin(), kv::kLanguages.end());
+    form->addRow(label(kv::Cap::DataDirectory), bind_.Text(d.DatenVerz, {}, "DatenVerz"));
+    form->addRow(label(kv::Cap::ProjectDirectory), bind_.Text(d.ProjektVerz, {}, "ProjektVerz"));
+    form->addRow(label(kv::Cap::Language), bind_.Box(d.Sprache, languages, {}, false, "Sprache"));
+    form->addRow(label(kv::Cap::Currency), bind_.Text(d.Waehrung, {}, "Waehrung"));
+    form->addRow(label(kv::Cap::ReportFont), bind_.Text(d.ReportFont, {}, "ReportFont"));
+    form->addRow(label(kv::Cap::Installer), bind_.Text(d.InstallText, {}, "InstallText"));
+    form->addRow(label(kv::Cap::PipeTable), bind_.Text(d.RohrDatei, {}, "RohrDatei"));
+    form->addRow(label(kv::Cap::Drive), bind_.Text(d.Laufwerk, {}, "Laufwerk"));
+    form->addRow(label(kv::Cap::DecimalSeparator), bind_.Box(d.DezimalModus, {"0", "1"}, {}, false, "DezimalModus"));
+    form->addRow(label(kv::Cap::DateFormat), bind_.Box(d.DatumFormat, {"1", "2", "3", "4"}, {}, true, "DatumFormat"));
+    form->addRow(label(kv::Cap::ScreenDesign), bind_.Box(d.PictureSet, {"0", "1", "2", "3", "4", "5"}, {}, false, "PictureSet"));
+    form->addRow(label(kv::Cap::SamplePicture), bind_.Text(d.SamplePicture, {}, "SamplePicture"));
+    form->addRow(label(kv::Cap::CableTable), bind_.Text(d.CableText, {}, "CableText"));
+    form->addRow(label(kv::Cap::DefaultCountry), bind_.Text(d.DefaultCountry, {}, "DefaultCountry"));
+    form->addRow(label(kv::Cap::HoursPerDay, "h"), bind_.Text(d.hoursPerDay, {}, "HoursPerDay"));
+    form->addRow(label(kv::Cap::DaysPerYear, "d"), bind_.Text(d.daysPerYear, {}, "DaysPerYear"));
+    form->addRow(label(kv::Cap::EnergyPrice, (ws.settings.Waehrung + "/kWh").c_str()), bind_.Text(d.energyPrice, {}, "EnergyPrice"));
+    form->addRow(label(kv::Cap::LoadFactor), bind_.Text(d.loadFactor, {}, "LoadFactor"));
+    form->addRow(label(kv::Cap::Version), new QLabel(Q(d.version)));
+    bind_.Refresh();
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] {
+        if (Apply()) accept();
+    });
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addWidget(buttons);
+    resize(640, 640);
+}
+
+bool DefaultsDialog::Apply() { return kv::ApplyDefaults(ws_, screen_); }
+
+}  // namespace kvui
