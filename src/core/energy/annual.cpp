@@ -114,7 +114,7 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
     // The year starts from a calculated design point.
     if (!c.valid && !CalculateCycle(ws, s, Recalculate)) return result;
 
-    // 1: the design point as it stands.
+    // The design point as it stands.
     const DesignPoint design = DesignPoint::Take(ws, s);
     SourceInputs source;
     source.t0Start = Num(s.t0);
@@ -122,6 +122,7 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
     source.dtVerd = Num(p.dtVerd);
     const SourceKind kind = SourceOf(p.PairText);
     const double energyPrice = Num(ReadEnergyValues(ws)[2]);
+    const double tc = Num(s.Tc);
 
     // The installed compressor: the swept volume kept on the screen, else
     // the one the design point demands. With a free swept volume the kernel
@@ -138,7 +139,7 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
     double copMax = 0.0, copMin = 0.0;
     bool anyCop = false;
     for (int month = 1; month <= 12 && !failed; ++month) {
-        // 3: the month row.
+        // The month row.
         const MonthProfile& m = profile.months[static_cast<std::size_t>(month - 1)];
         const double days = DaysOfMonth(month);
         out.Item(m.name).Item(m.tHigh).Item(m.tLow).Item(m.tRoomDay).Item(m.tRoomNight).Item(profile.QNorm).EndLine();
@@ -148,10 +149,10 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
         const double groundCooling = AuskuehlF(calendarMonth != 0 ? calendarMonth : month);
 
         for (int hour = 1; hour <= 24; ++hour) {
-            // 4.1 to 4.4
+            // Outdoor and room temperature, heat demand, evaporating temperature.
             const double t = HourTemperature(m, hour);
             const double room = RoomTemperature(m, hour);
-            double Q = HeatDemand(profile.QNorm, profile.tNorm, room, t);
+            const double Q = HeatDemand(profile.QNorm, profile.tNorm, room, t);
             source.toCurrent = c.tEvapK - 273.15;
             const double to = RoundHundredths(EvaporatingTemperature(kind, source, t, groundCooling));
 
@@ -159,33 +160,46 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
             if (progress) progress(hourText + "  t = " + NumberText(t) + "  to = " + NumberText(to));
             out.Item(hourText).Item(NumberText(t));
             if (!(Q > 0)) {
-                // 4.9: no heat demand, nothing is calculated.
+                // No heat demand: nothing is calculated.
                 out.Item("  -- ").Item("").Item("").Item("").Item("").Item(" -").Item("").EndLine();
                 continue;
             }
 
-            // 4.5: the plant at this hour's evaporating temperature, with the
-            // line sizes of the design point.
-            p.HourlyEvaporatingTemp = to;
-            c.Qh = Q;
-            s.keepSizesOnce = true;
-            if (!CalculateCycle(ws, s, AnnualHour)) {
-                failed = true;
-                break;
+            // The plant at this hour's evaporating temperature, with the
+            // line sizes of the design point. Below the lowest evaporating
+            // temperature of the fluid, or without lift to the condensing
+            // temperature, the heat pump is off and the heater carries the
+            // hour; so it is when the kernel gives no sound figures, and the
+            // next hour starts again from the design state.
+            double QPlant = 0.0, cop = 0.0;
+            if (to > p.tmin && to < tc) {
+                p.HourlyEvaporatingTemp = to;
+                c.Qh = Q;
+                s.keepSizesOnce = true;
+                if (!CalculateCycle(ws, s, AnnualHour)) {
+                    failed = true;
+                    break;
+                }
+                QPlant = CutFigure(c.Q0 + c.pShaft, 2);
+                cop = c.cop;
+                if (!std::isfinite(QPlant) || !std::isfinite(cop) || !(cop > 0) || !(QPlant > 0)) {
+                    QPlant = cop = 0.0;
+                    c = design.cycle;
+                }
             }
-            const double QPlant = CutFigure(c.Q0 + c.pShaft, 2);
             s.Qh = NumberText(QPlant);
-            const double cop = c.cop;
 
-            // 4.6 to 4.8
+            // Power, energy, cover and supplementary heat.
             const HourBooking b = BookHour(acc, days, Q, QPlant, cop);
             result.heatDemand += days * Q;
             result.heatingHours += days;
-            copMax = anyCop ? std::max(copMax, cop) : cop;
-            copMin = anyCop ? std::min(copMin, cop) : cop;
-            anyCop = true;
+            if (cop > 0) {
+                copMax = anyCop ? std::max(copMax, cop) : cop;
+                copMin = anyCop ? std::min(copMin, cop) : cop;
+                anyCop = true;
+            }
 
-            // 4.10
+            // The hour row.
             out.Item(NumberText(to))
                 .Item(NumberText(cop))
                 .Item(Hundredths(b.power))
@@ -202,7 +216,7 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
         return result;
     }
 
-    // 5: the file and the figures.
+    // The hour table and the figures of the year.
     OutFile file = OpenOut(ws, kSeasonFile);
     file.Write() = std::move(out);
     const bool written = file.Close();
@@ -215,11 +229,11 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
     result.copMin = copMin;
     result.ran = written;
 
-    // 6: the design point again, then the seasonal figures in the panel.
+    // The design point again, then the seasonal figures in the panel.
     design.Restore(ws, s);
     s.Eta_heiz = NumberText(result.etaSh);
     s.Zuheiz = NumberText(result.extraHeat);
-    if (acc.weightedHours == 0.0) ws.ui.Message(ws.Title(), ws.captions.Message(24), MessageIcon::Information);
+    if (result.heatingHours == 0.0) ws.ui.Message(ws.Title(), ws.captions.Message(24), MessageIcon::Information);
     return result;
 }
 
