@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -45,6 +46,11 @@ nlohmann::json ProjectJson(const kv::Project& p);
 namespace kv { struct SchemeScreen; }
 namespace kvcli {
 bool PrepareCalculation(kv::Workspace& ws, kv::SchemeScreen& scheme, int& code);
+// Loads the project named by the command's argument, prepares and runs the
+// first calculation; false with the exit code set otherwise.
+bool CalculateProject(const Options& o, kv::Workspace& ws, kv::SchemeScreen& scheme, int& code);
+// Messages one a line, their own line breaks turned into blanks.
+void PrintMessageLines(std::ostream& out, const std::vector<std::string>& messages);
 nlohmann::json CycleJson(const kv::Workspace& ws);
 
 int CmdFluid(const Options& o);

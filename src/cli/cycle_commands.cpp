@@ -9,21 +9,36 @@
 
 namespace kvcli {
 
+void PrintMessageLines(std::ostream& out, const std::vector<std::string>& messages) {
+    for (const std::string& m : messages) {
+        std::string line = m;
+        for (char& ch : line)
+            if (ch == '\r' || ch == '\n') ch = ' ';
+        out << line << "\n";
+    }
+}
+
 bool PrepareCalculation(kv::Workspace& ws, kv::SchemeScreen& scheme, int& code) {
     kv::DataScreen screen;
     kv::OpenDataScreen(ws, screen);
     kv::InputCheck check;
     if (!kv::StartCalculation(ws, screen, &check)) {
-        for (const std::string& m : check.messages) {
-            std::string line = m;
-            for (char& ch : line)
-                if (ch == '\r' || ch == '\n') ch = ' ';
-            std::cerr << line << "\n";
-        }
+        PrintMessageLines(std::cerr, check.messages);
         code = 2;
         return false;
     }
     kv::OpenSchemeScreen(ws, scheme);
+    return true;
+}
+
+bool CalculateProject(const Options& o, kv::Workspace& ws, kv::SchemeScreen& scheme, int& code) {
+    if (!LoadProjectArg(ws, o.args[1], code)) return false;
+    if (!PrepareCalculation(ws, scheme, code)) return false;
+    // The question on stored sizes is answered No: a batch run keeps them.
+    if (!kv::CalculateCycle(ws, scheme, kv::FirstCalculation)) {
+        code = Fail("the cycle could not be calculated");
+        return false;
+    }
     return true;
 }
 
@@ -77,11 +92,8 @@ int CmdCalc(const Options& o) {
     if (o.args.size() != 2) return Fail("usage: kelvaris-cli calc PROJECT.prj");
     kv::Workspace ws = MakeWorkspace(o);
     int code = 0;
-    if (!LoadProjectArg(ws, o.args[1], code)) return code;
     kv::SchemeScreen scheme;
-    if (!PrepareCalculation(ws, scheme, code)) return code;
-    // The question on stored sizes is answered No: a batch run keeps them.
-    if (!kv::CalculateCycle(ws, scheme, kv::FirstCalculation)) return Fail("the cycle could not be calculated");
+    if (!CalculateProject(o, ws, scheme, code)) return code;
     Print(o, CycleJson(ws));
     return 0;
 }

@@ -14,11 +14,9 @@ int CmdAnnual(const Options& o) {
     if (o.args.size() != 2) return Fail("usage: kelvaris-cli annual PROJECT.prj");
     kv::Workspace ws = MakeWorkspace(o);
     int code = 0;
-    if (!LoadProjectArg(ws, o.args[1], code)) return code;
     kv::SchemeScreen scheme;
-    if (!PrepareCalculation(ws, scheme, code)) return code;
     // The design point first, as calc gives it: the year holds its compressor.
-    if (!kv::CalculateCycle(ws, scheme, kv::FirstCalculation)) return Fail("the cycle could not be calculated");
+    if (!CalculateProject(o, ws, scheme, code)) return code;
     const kv::SeasonalResult r = kv::RechKern(ws, scheme);
     if (!r.ran) {
         std::cerr << "kelvaris-cli: the seasonal performance could not be calculated\n";

@@ -47,12 +47,7 @@ int CmdCheck(const Options& o) {
         j["count"] = check.Count();
         std::cout << j.dump(2) << "\n";
     } else {
-        for (const std::string& m : check.messages) {
-            std::string line = m;
-            for (char& ch : line)
-                if (ch == '\r' || ch == '\n') ch = ' ';
-            std::cout << line << "\n";
-        }
+        PrintMessageLines(std::cout, check.messages);
     }
     return check.Count();
 }
