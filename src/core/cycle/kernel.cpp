@@ -189,6 +189,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     double tLow = 0.0;  // low-stage discharge temperature of the economizer path, °C
     double h4 = 0.0, h1 = 0.0;
     bool firstVolume = true;
+    const SaturationTable* satTable = nullptr;  // fetched once for the intermediate level
     for (int pass = 0; pass < 11; ++pass) {
         // a
         c.ecoHeat = c.ecoMass = 0.0;
@@ -237,8 +238,8 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         double t2C;
         if (eco) {
             c.pIntermediate = std::pow(c.pCond * c.pEvap, 0.45);
-            int rows = 0;
-            ReadSaturationRows(ws, c.pIntermediate, rows, ByDewPressure);
+            if (!satTable) satTable = ProjectSaturationTable(ws);
+            if (satTable) ScanSaturationRows(*satTable, c.pIntermediate, ByDewPressure, c);
             c.tIntermediate = InterpolateRows(c, 2, c.pIntermediate) - 273.15;
             tLow = DischargeTemperature(ws, 10, c.pEvap, c.pIntermediate, tSuction + 273.15, c.kappa) - 273.15;
             t2C = DischargeTemperature(ws, 10, c.pIntermediate, c.pCond, c.tIntermediate + 273.15 + superheatEvap,

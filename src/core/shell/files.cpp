@@ -57,6 +57,24 @@ fs::path FindNoCase(const fs::path& dir, const std::string& part) {
     return {};
 }
 
+// Texts of small files already read, kept while the file's time of last
+// write stays. The kernel reads its few working files at every run; this
+// turns each of those reads into one look at the file's time. Every write
+// through these routines forgets the file at once.
+struct CachedText {
+    fs::file_time_type time{};
+    std::string text;
+};
+constexpr std::uintmax_t kCachedTextMax = 256u * 1024u;
+constexpr std::size_t kCachedFiles = 256;
+std::mutex cacheMutex;
+std::map<std::string, CachedText> textCache;
+
+void ForgetText(const fs::path& path) {
+    std::lock_guard<std::mutex> lock(cacheMutex);
+    textCache.erase(path.string());
+}
+
 }  // namespace
 
 fs::path ResolveName(const fs::path& dataDir, std::string_view name) {
@@ -67,6 +85,11 @@ fs::path ResolveName(const fs::path& dataDir, std::string_view name) {
     fs::path given = bare ? dataDir / n : fs::path(n);
     std::error_code ec;
     if (fs::exists(given, ec)) return given;
+    if (bare) {
+        // A file of the data directory: one look into its listing.
+        const fs::path match = FindNoCase(dataDir, n);
+        return match.empty() ? given : match;
+    }
     // Walk the parts and take each one in whatever case it exists.
     fs::path cur = given.root_path();
     fs::path rel = given.relative_path();
@@ -91,8 +114,8 @@ fs::path ResolveName(const fs::path& dataDir, std::string_view name) {
 fs::path ResolveName(const Workspace& ws, std::string_view name) { return ResolveName(ws.DataDir(), name); }
 
 std::uintmax_t FileLength(const fs::path& path) {
+    // One look at the file: a missing file and a directory both fail here.
     std::error_code ec;
-    if (!fs::is_regular_file(path, ec)) return 0;
     const auto size = fs::file_size(path, ec);
     return ec ? 0 : size;
 }
@@ -122,6 +145,7 @@ void ClearReadOnly(const fs::path& path) {
 }
 
 bool WriteFileAtomic(const fs::path& path, std::string_view content) {
+    ForgetText(path);
     std::error_code ec;
     if (path.has_parent_path() && !fs::exists(path.parent_path(), ec)) return false;
     ClearReadOnly(path);
@@ -148,7 +172,21 @@ bool WriteFileAtomic(const fs::path& path, std::string_view content) {
 
 RecordReader OpenIn(const fs::path& path) {
     ClearReadOnly(path);
-    return RecordReader(ReadWholeFile(path));
+    std::error_code ec;
+    const auto time = fs::last_write_time(path, ec);
+    if (ec) return RecordReader();
+    {
+        std::lock_guard<std::mutex> lock(cacheMutex);
+        auto it = textCache.find(path.string());
+        if (it != textCache.end() && it->second.time == time) return RecordReader(it->second.text);
+    }
+    std::string text = ReadWholeFile(path);
+    if (text.size() <= kCachedTextMax) {
+        std::lock_guard<std::mutex> lock(cacheMutex);
+        if (textCache.size() >= kCachedFiles) textCache.clear();
+        textCache[path.string()] = {time, text};
+    }
+    return RecordReader(std::move(text));
 }
 
 RecordReader OpenIn(const Workspace& ws, std::string_view name) { return OpenIn(ResolveName(ws, name)); }
@@ -179,6 +217,7 @@ OutFile::~OutFile() { Close(); }
 bool OutFile::Close() {
     if (!open_) return true;
     open_ = false;
+    ForgetText(path_);
     const std::string text = writer_.Take();
     if (mode_ == Mode::Output) return WriteFileAtomic(path_, text);
     std::ofstream out(path_, std::ios::binary | std::ios::app);
@@ -217,6 +256,7 @@ bool RandomFile::Get(long long number, std::string& record) const {
 
 bool RandomFile::Put(long long number, std::string_view record) {
     if (number < 1) return false;
+    ForgetText(path_);
     std::error_code ec;
     if (!fs::exists(path_, ec)) {
         std::ofstream create(path_, std::ios::binary);
@@ -248,6 +288,7 @@ bool DeleteFile(Workspace& ws, std::string_view name) {
     const fs::path path = ResolveName(ws, name);
     std::error_code ec;
     ClearReadOnly(path);
+    ForgetText(path);
     fs::remove(path, ec);
     if (!bare) return !fs::exists(path, ec);
     if (FileLength(path) == 0) return true;
