@@ -89,10 +89,32 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     data->addSpacing(12);
     data->addWidget(end_);
     data->addStretch(1);
+    // The other programs of the family, started with the exchange file.
+    auto* programs = new QVBoxLayout;
+    programs->setSpacing(8);
+    const std::pair<const char*, kv::ExternalProgram> family[] = {
+        {"Drawing", kv::ExternalProgram::Draw},           {"PartsProgram", kv::ExternalProgram::Parts},
+        {"HeatExchanger", kv::ExternalProgram::HeatExchanger}, {"ColdRoom", kv::ExternalProgram::ColdRoom},
+        {"AirConditioning", kv::ExternalProgram::AirConditioning}};
+    for (const auto& [name, program] : family) {
+        QPushButton* b = MenuButton(name);
+        programs->addWidget(b);
+        programs_.push_back({b, static_cast<int>(program)});
+        connect(b, &QPushButton::clicked, this, [this, program] {
+            // The drawing program gets status 1, the parts program 119 with flag 1.
+            const int status = program == kv::ExternalProgram::Draw    ? kv::status::DrawingProgram
+                               : program == kv::ExternalProgram::Parts ? kv::status::CatalogueEditor
+                                                                       : 0;
+            kv::HandOver(ws_, program, program == kv::ExternalProgram::Parts ? 1 : 0, status);
+        });
+    }
+    programs->addStretch(1);
     auto* menuRow = new QHBoxLayout;
     menuRow->addLayout(menu);
     menuRow->addSpacing(24);
     menuRow->addLayout(data);
+    menuRow->addSpacing(24);
+    menuRow->addLayout(programs);
     menuRow->addStretch(1);
     layout->addSpacing(12);
     layout->addLayout(menuRow, 1);
@@ -146,6 +168,10 @@ void MainWindow::FillCaptions() {
     pipes_->setText(Q(c[kv::Cap::MenuPipeData]));
     zeta_->setText(Q(c[kv::Cap::MenuZetaValues]));
     defaults_->setText(Q(c[kv::Cap::MenuDefaults]));
+    const kv::Cap programWords[] = {kv::Cap::MenuDrawing, kv::Cap::MenuPartsProgram, kv::Cap::MenuHeatExchanger,
+                                    kv::Cap::MenuColdRoom, kv::Cap::MenuAirConditioning};
+    for (std::size_t i = 0; i < programs_.size() && i < std::size(programWords); ++i)
+        programs_[i].first->setText(Q(c[programWords[i]]));
     help_->setText(Q(c[kv::Cap::MenuHelp]));
     info_->setText(Q(c[kv::Cap::MenuInformation]));
     printSetup_->setText(Q(c[kv::Cap::MenuPrintSetup]));

@@ -62,6 +62,7 @@ private:
     QPushButton* pipes_ = nullptr;
     QPushButton* zeta_ = nullptr;
     QPushButton* defaults_ = nullptr;
+    std::vector<std::pair<QPushButton*, int>> programs_;  // buttons of the other programs of the family
     QPushButton* help_ = nullptr;
     QPushButton* info_ = nullptr;
     QPushButton* printSetup_ = nullptr;

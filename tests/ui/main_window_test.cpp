@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "shell/exchange.h"
 #include "shell/files.h"
 #include "shell/startup.h"
 #include "ui/main_window.h"
@@ -111,6 +112,13 @@ TEST_F(MainWindowTest, MissingLanguageTablesKeepTheLanguage) {
     EXPECT_EQ(ws.settings.Sprache, "ENG");
     EXPECT_TRUE(shown.startsWith(kvui::Q(ws.captions.Message(61))));
     EXPECT_FALSE(polish->isChecked());
+
+    // The drawing program is not installed here: the user is told which.
+    QString missing;
+    AnswerNextBox(QMessageBox::Ok, &missing);
+    window.findChild<QPushButton*>(QStringLiteral("Drawing"))->click();
+    EXPECT_TRUE(missing.contains(QStringLiteral("kelvdraw.exe")));
+    EXPECT_EQ(kv::ReadExchangeFile(ws).status, kv::status::DrawingProgram);
 }
 
 }  // namespace
