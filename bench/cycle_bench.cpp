@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "bench_workspace.h"
 #include "cycle/kernel.h"
 #include "cycle/scheme_screen.h"
 #include "project/data_screen.h"
@@ -15,23 +16,9 @@ namespace {
 namespace fs = std::filesystem;
 
 void Kernel(benchmark::State& state, const char* sample) {
-    const fs::path root = fs::temp_directory_path() / "kv_bench_cycle";
-    fs::create_directories(root / "docs");
-    kv::Workspace ws;
-    ws.settingsFile = root / "kparam.dat";
-    ws.documentsDir = root / "docs";
-    ws.factoryDir = KELVARIS_FACTORY_DATA;
-    kv::PrepareWorkspace(ws);
-    std::string type = "HeatP";
-    const std::string dir = (ws.DataDir() / "samples").string() + "/";
-    kv::LoadProject(ws, type, dir + sample, dir);
-    kv::DataScreen data;
-    kv::OpenDataScreen(ws, data);
-    ws.project.AnlagenTyp = type;
-    kv::StartCalculation(ws, data);
+    kv::Workspace ws = kvbench::MakeWorkspace("kv_bench_cycle");
     kv::SchemeScreen s;
-    kv::OpenSchemeScreen(ws, s);
-    kv::CalculateCycle(ws, s, kv::Recalculate);
+    kvbench::CalculateSample(ws, s, sample);
     for (auto _ : state) {
         kv::CalculateCycle(ws, s, kv::Silent);
         benchmark::DoNotOptimize(ws.cycle.pShaft);

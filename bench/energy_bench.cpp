@@ -7,6 +7,7 @@
 
 #include "cycle/kernel.h"
 #include "cycle/scheme_screen.h"
+#include "bench_workspace.h"
 #include "energy/annual.h"
 #include "energy/annual_profile.h"
 #include "project/data_screen.h"
@@ -21,22 +22,9 @@ namespace fs = std::filesystem;
 void Year(benchmark::State& state, bool everyHour) {
     const fs::path root = fs::temp_directory_path() / "kv_bench_energy";
     fs::remove_all(root);
-    fs::create_directories(root / "docs");
-    kv::Workspace ws;
-    ws.settingsFile = root / "kparam.dat";
-    ws.documentsDir = root / "docs";
-    ws.factoryDir = KELVARIS_FACTORY_DATA;
-    kv::PrepareWorkspace(ws);
-    std::string type = "HeatP";
-    const std::string dir = (ws.DataDir() / "samples").string() + "/";
-    kv::LoadProject(ws, type, dir + "AirWater_R290.prj", dir);
-    kv::DataScreen data;
-    kv::OpenDataScreen(ws, data);
-    ws.project.AnlagenTyp = type;
-    kv::StartCalculation(ws, data);
+    kv::Workspace ws = kvbench::MakeWorkspace("kv_bench_energy");
     kv::SchemeScreen s;
-    kv::OpenSchemeScreen(ws, s);
-    kv::CalculateCycle(ws, s, kv::Recalculate);
+    kvbench::CalculateSample(ws, s, "AirWater_R290.prj");
     if (everyHour) {
         kv::AnnualProfile p = kv::ReadAnnualProfile(ws);
         for (auto& m : p.months) m.tHigh = m.tLow + 1;  // below the heating limit all day

@@ -11,6 +11,7 @@
 #include "shell/files.h"
 #include "shell/numbers.h"
 #include "shell/startup.h"
+#include "sample_fixture.h"
 #include "workspace_fixture.h"
 
 namespace fs = std::filesystem;
@@ -24,17 +25,7 @@ protected:
         kv::PrepareWorkspace(ws);
     }
     // Loads a factory sample and brings it to the plant scheme screen.
-    void OpenSample(const std::string& name) {
-        std::string type = "HeatP";
-        ASSERT_TRUE(kv::LoadProject(ws, type, (ws.DataDir() / "samples" / name).string(),
-                                    (ws.DataDir() / "samples").string() + "/"));
-        ws.project.AnlagenTyp = type;
-        kv::DataScreen data;
-        kv::OpenDataScreen(ws, data);
-        ws.project.AnlagenTyp = type;
-        ASSERT_TRUE(kv::StartCalculation(ws, data));
-        kv::OpenSchemeScreen(ws, s);
-    }
+    void OpenSample(const std::string& name) { ASSERT_TRUE(kvtest::OpenSampleScheme(ws, s, name)); }
     kv::SchemeScreen s;
 };
 

@@ -13,6 +13,7 @@
 #include "shell/numbers.h"
 #include "shell/records.h"
 #include "shell/startup.h"
+#include "sample_fixture.h"
 #include "workspace_fixture.h"
 
 namespace {
@@ -82,14 +83,7 @@ protected:
         kv::PrepareWorkspace(ws);
     }
     void OpenSample(const std::string& name) {
-        std::string type = "HeatP";
-        ASSERT_TRUE(kv::LoadProject(ws, type, (ws.DataDir() / "samples" / name).string(),
-                                    (ws.DataDir() / "samples").string() + "/"));
-        kv::DataScreen data;
-        kv::OpenDataScreen(ws, data);
-        ws.project.AnlagenTyp = type;
-        ASSERT_TRUE(kv::StartCalculation(ws, data));
-        kv::OpenSchemeScreen(ws, s);
+        ASSERT_TRUE(kvtest::OpenSampleScheme(ws, s, name));
         ASSERT_TRUE(kv::CalculateCycle(ws, s, kv::Recalculate));
     }
     // ERG_HEAT.DAT as rows of items.
