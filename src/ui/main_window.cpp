@@ -74,6 +74,7 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     load_ = MenuButton("LoadProject");
     save_ = MenuButton("SaveProject");
     saveAs_ = MenuButton("SaveProjectAs");
+    delete_ = MenuButton("DeleteProject");
     pipes_ = MenuButton("PipeData");
     zeta_ = MenuButton("ZetaValues");
     defaults_ = MenuButton("Defaults");
@@ -81,7 +82,7 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     info_ = MenuButton("Information");
     printSetup_ = MenuButton("PrintSetup");
     end_ = MenuButton("End");
-    for (QPushButton* b : {newProject_, openData_, load_, save_, saveAs_}) menu->addWidget(b);
+    for (QPushButton* b : {newProject_, openData_, load_, save_, saveAs_, delete_}) menu->addWidget(b);
     menu->addStretch(1);
     auto* data = new QVBoxLayout;
     data->setSpacing(8);
@@ -139,6 +140,7 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     connect(load_, &QPushButton::clicked, this, &MainWindow::LoadProjectAction);
     connect(save_, &QPushButton::clicked, this, &MainWindow::SaveProjectAction);
     connect(saveAs_, &QPushButton::clicked, this, &MainWindow::SaveProjectAsAction);
+    connect(delete_, &QPushButton::clicked, this, &MainWindow::DeleteProjectAction);
     connect(pipes_, &QPushButton::clicked, this, &MainWindow::OpenPipeTables);
     connect(zeta_, &QPushButton::clicked, this, &MainWindow::OpenZetaValues);
     connect(defaults_, &QPushButton::clicked, this, &MainWindow::OpenDefaults);
@@ -165,6 +167,7 @@ void MainWindow::FillCaptions() {
     load_->setText(Q(c[kv::Cap::MenuLoadProject]));
     save_->setText(Q(c[kv::Cap::MenuSaveProject]));
     saveAs_->setText(Q(c[kv::Cap::MenuSaveProjectAs]));
+    delete_->setText(Q(c[kv::Cap::MenuDeleteProject]));
     pipes_->setText(Q(c[kv::Cap::MenuPipeData]));
     zeta_->setText(Q(c[kv::Cap::MenuZetaValues]));
     defaults_->setText(Q(c[kv::Cap::MenuDefaults]));
@@ -273,6 +276,14 @@ void MainWindow::SaveProjectAsAction() {
     p.ProjektDatei = path.filename().string();
     p.ProjektVerz = path.parent_path().string();
     kv::SaveProject(ws_, p.AnlagenTyp, p.ProjektVerz + "/");
+}
+
+void MainWindow::DeleteProjectAction() {
+    const QString file = QFileDialog::getOpenFileName(this, Q(ws_.captions[kv::Cap::MenuDeleteProject]),
+                                                      Q(ws_.project.ProjektVerz), QStringLiteral("*.prj *.PRJ"));
+    if (file.isEmpty()) return;
+    if (!ws_.ui.AskYesNo(ws_.Title(), ws_.captions.Message(6) + ws_.lineEnd + file.toStdString())) return;
+    if (kv::DeleteProject(ws_, file.toStdString())) ws_.ui.Message(ws_.Title(), ws_.captions.Message(7));
 }
 
 void MainWindow::OpenPipeTables() { OpenScreen(new PipeTableDialog(ws_, this)); }

@@ -29,6 +29,7 @@ public:
     void LoadProjectAction();
     void SaveProjectAction();
     void SaveProjectAsAction();
+    void DeleteProjectAction();
     void OpenPipeTables();
     void OpenZetaValues();
     void OpenDefaults();
@@ -59,6 +60,7 @@ private:
     QPushButton* load_ = nullptr;
     QPushButton* save_ = nullptr;
     QPushButton* saveAs_ = nullptr;
+    QPushButton* delete_ = nullptr;
     QPushButton* pipes_ = nullptr;
     QPushButton* zeta_ = nullptr;
     QPushButton* defaults_ = nullptr;

@@ -125,6 +125,18 @@ TEST_F(ProjectFile, SaveAndLoadGiveTheRecordBack) {
     EXPECT_EQ(resave(Reloaded(path, dir)), second);
 }
 
+TEST_F(ProjectFile, DeletingTakesTheCompanionsAlong) {
+    const std::string dir = (root / "projects").string() + "/";
+    fs::create_directories(dir);
+    ASSERT_EQ(kv::SaveProject(ws, "HeatP", dir), kv::SaveResult::Saved);
+    ASSERT_TRUE(fs::exists(dir + "Coldstore 7.rlt"));
+    kv::WriteFileAtomic(dir + "Other.rlt", "another project's list");
+    EXPECT_TRUE(kv::DeleteProject(ws, dir + "Coldstore 7.prj"));
+    EXPECT_FALSE(fs::exists(dir + "Coldstore 7.prj"));
+    EXPECT_FALSE(fs::exists(dir + "Coldstore 7.rlt"));
+    EXPECT_TRUE(fs::exists(dir + "Other.rlt"));
+}
+
 TEST_F(ProjectFile, LineCountsFollowThePlantType) {
     auto lines = [](const std::string& text) { return std::count(text.begin(), text.end(), '\n'); };
     ASSERT_EQ(kv::SaveProject(ws, "HeatP", ""), kv::SaveResult::Saved);

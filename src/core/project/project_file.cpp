@@ -103,6 +103,13 @@ void CopyCompanionsFromProject(Workspace& ws, const std::string& projectFileName
     }
 }
 
+bool DeleteProject(Workspace& ws, const std::string& filePath) {
+    const fs::path path = ResolveName(ws, filePath);
+    const std::string stem = Stem(path.filename().string());
+    for (const Companion& c : kCompanions) DeleteFile(ws, (path.parent_path() / (stem + c.extension)).string());
+    return DeleteFile(ws, path.string());
+}
+
 SaveResult SaveProject(Workspace& ws, const std::string& plantType, const std::string& directory) {
     Project& p = ws.project;
     const Captions& c = ws.captions;

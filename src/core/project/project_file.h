@@ -40,6 +40,10 @@ bool LoadProject(Workspace& ws, std::string& plantType, const std::string& fileP
 std::string PackAuxiliaryData(Workspace& ws);
 void UnpackAuxiliaryData(Workspace& ws, const std::string& pack);
 
+// Deletes a project file and its nine companions beside it. False when the
+// project file could not be deleted.
+bool DeleteProject(Workspace& ws, const std::string& filePath);
+
 // The nine companions between the data directory and the project's directory.
 void CopyCompanionsToProject(Workspace& ws, const std::string& projectFileName, const std::string& directory);
 void CopyCompanionsFromProject(Workspace& ws, const std::string& projectFileName, const std::string& directory);
