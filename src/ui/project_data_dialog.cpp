@@ -109,10 +109,10 @@ QWidget* ProjectDataDialog::BuildOperatingFrame() {
         kv::ValidationMark(ws_, screen_);
         UpdateLight();
     };
-    form->addRow(Label(ws_, kv::Cap::Refrigerant), bind_.Box(p.KaelteM, s.kaelteList, [this, valid] {
+    form->addRow(Label(ws_, kv::Cap::Refrigerant), bind_.Box(s.KaelteMBox, s.kaelteList, [this] {
         if (filling_) return;
-        kv::CheckRefrigerantAvailable(ws_, ws_.project.KaelteM);
-        valid();
+        kv::ChooseRefrigerant(ws_, screen_);
+        Refresh();
     }, true, "KaelteM"));
     auto evapLink = [this] {
         kv::LinkEvaporatorTemperature(ws_, screen_);
@@ -199,11 +199,11 @@ QWidget* ProjectDataDialog::BuildPlantFrame() {
         });
         return c;
     };
-    eco_ = check(kv::Cap::Economizer, "EcoCheck", [this] { ws_.project.EcoFlag = ws_.project.EcoFlag == 1 ? 0 : 1; });
+    eco_ = check(kv::Cap::Economizer, "EcoCheck", [this] { kv::ToggleEconomizer(ws_, screen_); });
     bypass_ = check(kv::Cap::HotGasBypass, "HGBypassCheck", [this] { kv::ToggleHotGasBypass(ws_, screen_); });
     fourWay_ = check(kv::Cap::FourWayValve, "Vier_Wege_Check", [this] { kv::ToggleFourWay(ws_, screen_); });
-    oil_ = check(kv::Cap::OilCooling, "OelK_Check", [this] { ws_.project.OelKuehler = ws_.project.OelKuehler == 1 ? 0 : 1; });
-    parallel_ = check(kv::Cap::ParallelLines, "ParaL_Check", [this] { ws_.project.ParalLeit = ws_.project.ParalLeit == 1 ? 0 : 1; });
+    oil_ = check(kv::Cap::OilCooling, "OelK_Check", [this] { kv::ToggleOilCooler(ws_, screen_); });
+    parallel_ = check(kv::Cap::ParallelLines, "ParaL_Check", [this] { kv::ToggleParallelLines(ws_, screen_); });
     auto* checks = new QGridLayout;
     checks->addWidget(eco_, 0, 0);
     checks->addWidget(bypass_, 0, 1);

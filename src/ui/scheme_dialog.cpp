@@ -52,7 +52,6 @@ SchemeDialog::SchemeDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent)
 
 QWidget* SchemeDialog::BuildEntries() {
     kv::SchemeScreen& s = screen_;
-    kv::Project& p = ws_.project;
     auto* box = new QGroupBox(Q(ws_.captions.Message(50)));
     box->setMinimumWidth(380);
     box->setMaximumWidth(420);
@@ -60,10 +59,9 @@ QWidget* SchemeDialog::BuildEntries() {
 
     auto refresh = [this] { Refresh(); };
     form->addRow(Label(ws_, kv::Cap::Refrigerant),
-                 bind_.Box(p.KaelteM, kv::RefrigerantListForProject(), [this, refresh] {
+                 bind_.Box(s.KaelteMBox, kv::RefrigerantListForProject(), [this, refresh] {
                      if (filling_) return;
-                     const std::string chosen = ws_.project.KaelteM;
-                     if (!kv::ChangeRefrigerant(ws_, screen_, chosen)) ws_.project.KaelteM = chosen;
+                     kv::ChangeRefrigerant(ws_, screen_);
                      refresh();
                  }, false, "KaelteM"));
     const std::vector<std::string> pipes = {ws_.captions[kv::Cap::PipeWord] + " SI",

@@ -45,6 +45,7 @@ void OpenSchemeScreen(Workspace& ws, SchemeScreen& s) {
     Project& p = ws.project;
     s.guard = true;
     NormalizeRefrigerantName(p);
+    s.KaelteMBox = p.KaelteM;
     s.t0 = p.Tver;
     s.Tc = p.tko;
     s.Qh = !Trim(p.Leistung).empty() ? p.Leistung : p.HeizL;
@@ -149,10 +150,14 @@ void EnterCondensingPressure(Workspace& ws, SchemeScreen& s) {
     s.Tc = CutText(TemperatureOfPressure(ws, p), 2);
 }
 
-bool ChangeRefrigerant(Workspace& ws, SchemeScreen& s, const std::string& name) {
-    if (CheckRefrigerantAvailable(ws, name) != 0) return false;  // the box shows the project's fluid again
-    ws.project.KaelteM = name;
+bool ChangeRefrigerant(Workspace& ws, SchemeScreen& s) {
+    if (CheckRefrigerantAvailable(ws, s.KaelteMBox) != 0) {
+        s.KaelteMBox = ws.project.KaelteM;  // the box shows the project's fluid again
+        return false;
+    }
+    ws.project.KaelteM = s.KaelteMBox;
     NormalizeRefrigerantName(ws.project);
+    s.KaelteMBox = ws.project.KaelteM;
     if (s.cConstant && ws.ui.AskYesNo(ws.Title(), ws.captions.Message(11))) {
         for (auto& g : s.lines) g.row = 0;
         ws.cycle.lineRow.fill(0);

@@ -26,6 +26,7 @@ struct SchemeScreen {
     std::string p0psi, pcpsi;
     std::string Qh, Q0;   // heating and refrigerating capacity, kW
     std::string RLcombo;  // pipe standard
+    std::string KaelteMBox;  // refrigerant box text; the record takes it when the registry knows it
     bool Hubconstant = false;  // keep the swept volume, capacity follows
     bool cConstant = false;    // keep the line diameters
     bool EcoCheck = false;
@@ -73,8 +74,9 @@ void EnterCondensingPressure(Workspace& ws, SchemeScreen& s);
 // The temperature of a saturation pressure, as the pressure entries take it.
 double TemperatureOfPressure(Workspace& ws, double pBar);
 
-// The refrigerant box: false (and the box set back) when refused.
-bool ChangeRefrigerant(Workspace& ws, SchemeScreen& s, const std::string& name);
+// The refrigerant box (KaelteMBox): false, and the box set back to the
+// record's fluid, when refused.
+bool ChangeRefrigerant(Workspace& ws, SchemeScreen& s);
 // The pipe standard box.
 void ChangePipeStandard(Workspace& ws, SchemeScreen& s, const std::string& text);
 // The check boxes.

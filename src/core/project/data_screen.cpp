@@ -119,6 +119,7 @@ void OpenDataScreen(Workspace& ws, DataScreen& s) {
     if (Num(p.dtKond) == 0 || Num(p.dtKond) > 25) p.dtKond = "4";
     if (Num(p.TeilL) <= 0 || Num(p.TeilL) > 100) p.TeilL = "100";
     ValidationMark(ws, s);
+    s.KaelteMBox = p.KaelteM;
 
     s.ecoCheck = p.EcoFlag == 1;
     s.hgBypassCheck = p.HGBypass == 1;
@@ -149,6 +150,36 @@ void OpenDataScreen(Workspace& ws, DataScreen& s) {
     if (pipe == "ROHRDM.DAT") s.RLcombo = ListAt(s.rlList, 0);
     else if (pipe == "ROHRIN.DAT") s.RLcombo = ListAt(s.rlList, 1);
     else if (pipe == "ROHRDS.DAT") s.RLcombo = ListAt(s.rlList, 2);
+}
+
+bool ChooseRefrigerant(Workspace& ws, DataScreen& s) {
+    if (s.guard) return false;
+    const bool known = CheckRefrigerantAvailable(ws, s.KaelteMBox) == 0;
+    if (known) {
+        ws.project.KaelteM = s.KaelteMBox;
+        NormalizeRefrigerantName(ws.project);
+    }
+    s.KaelteMBox = ws.project.KaelteM;
+    ValidationMark(ws, s);
+    return known;
+}
+
+void ToggleEconomizer(Workspace& ws, DataScreen& s) {
+    if (s.guard) return;
+    ws.project.EcoFlag = ws.project.EcoFlag == 1 ? 0 : 1;
+    s.ecoCheck = ws.project.EcoFlag == 1;
+}
+
+void ToggleOilCooler(Workspace& ws, DataScreen& s) {
+    if (s.guard) return;
+    ws.project.OelKuehler = ws.project.OelKuehler == 1 ? 0 : 1;
+    s.oelKCheck = ws.project.OelKuehler == 1;
+}
+
+void ToggleParallelLines(Workspace& ws, DataScreen& s) {
+    if (s.guard) return;
+    ws.project.ParalLeit = ws.project.ParalLeit == 1 ? 0 : 1;
+    s.paraLCheck = ws.project.ParalLeit == 1;
 }
 
 void Abtaudarstell(Workspace& ws, DataScreen& s, int kind) {

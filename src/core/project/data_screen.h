@@ -19,6 +19,7 @@ struct DataScreen {
     std::string Combo2 = "A";  // evaporator-side medium: "A", "B", "W"
     std::string Combo3 = "W";  // condenser-side medium
     std::string RLcombo;       // pipe series box text
+    std::string KaelteMBox;    // refrigerant box text; the record takes it when the registry knows it
 
     // Box contents, in their order.
     std::vector<std::string> kaelteList, combo1List, valenzList, rgList, rlList, exvList, abtauList, mediaList,
@@ -48,6 +49,16 @@ bool ArmaturCellEnterable(int col, int row);
 void FillBoxes(Workspace& ws, DataScreen& s);
 // The opening steps, each time the screen becomes active.
 void OpenDataScreen(Workspace& ws, DataScreen& s);
+
+// A refrigerant chosen or typed in the box: normalised into the record when
+// the registry knows it; refused with its message otherwise, and the box
+// shows the record's fluid again.
+bool ChooseRefrigerant(Workspace& ws, DataScreen& s);
+
+// The check boxes that only flip their flag.
+void ToggleEconomizer(Workspace& ws, DataScreen& s);
+void ToggleOilCooler(Workspace& ws, DataScreen& s);
+void ToggleParallelLines(Workspace& ws, DataScreen& s);
 
 // Defrost display of kind 1, 2 or any other (electric).
 void Abtaudarstell(Workspace& ws, DataScreen& s, int kind);
