@@ -144,6 +144,19 @@ TEST_F(DataScreenTest, LinksCapacityAndInverterRules) {
     EXPECT_FALSE(s.inverterEnabled);
 }
 
+TEST_F(DataScreenTest, UnknownRefrigerantPutsTheBoxBack) {
+    s.KaelteMBox = "R999";
+    EXPECT_FALSE(kv::ChooseRefrigerant(ws, s));
+    EXPECT_EQ(ws.project.KaelteM, "R134a");
+    EXPECT_EQ(s.KaelteMBox, "R134a");
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_NE(messages[0].text.find("R999"), std::string::npos);
+    s.KaelteMBox = "r 404a";
+    EXPECT_TRUE(kv::ChooseRefrigerant(ws, s));
+    EXPECT_EQ(ws.project.KaelteM, "R404A");
+    EXPECT_EQ(s.KaelteMBox, "R404A");
+}
+
 TEST_F(DataScreenTest, DefrostBypassAndFourWay) {
     kv::Project& p = ws.project;
     kv::ToggleHotGasBypass(ws, s);
