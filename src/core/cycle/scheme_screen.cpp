@@ -151,7 +151,7 @@ void EnterCondensingPressure(Workspace& ws, SchemeScreen& s) {
 }
 
 bool ChangeRefrigerant(Workspace& ws, SchemeScreen& s) {
-    if (CheckRefrigerantAvailable(ws, s.KaelteMBox) != 0) {
+    if (CheckRefrigerantAvailable(ws, NormalizeName(s.KaelteMBox).name) != 0) {
         s.KaelteMBox = ws.project.KaelteM;  // the box shows the project's fluid again
         return false;
     }

@@ -154,7 +154,8 @@ void OpenDataScreen(Workspace& ws, DataScreen& s) {
 
 bool ChooseRefrigerant(Workspace& ws, DataScreen& s) {
     if (s.guard) return false;
-    const bool known = CheckRefrigerantAvailable(ws, s.KaelteMBox) == 0;
+    // Normalisation first, then the availability check, as on every screen.
+    const bool known = CheckRefrigerantAvailable(ws, NormalizeName(s.KaelteMBox).name) == 0;
     if (known) {
         ws.project.KaelteM = s.KaelteMBox;
         NormalizeRefrigerantName(ws.project);
