@@ -6,7 +6,7 @@ packages=(cmake g++ make pkg-config
   qt6-base-dev qt6-svg-dev
   libxlsxwriter-dev nlohmann-json3-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  fonts-liberation locales xvfb xauth)
+  fonts-liberation fonts-wqy-microhei locales xvfb xauth)
 
 missing=()
 for p in "${packages[@]}"; do
