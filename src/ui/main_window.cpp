@@ -159,6 +159,8 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
 
 void MainWindow::FillCaptions() {
     const kv::Captions& c = ws_.captions;
+    // Arabic reads from right to left: the whole program turns its layouts.
+    QGuiApplication::setLayoutDirection(ws_.settings.Sprache == "ARA" ? Qt::RightToLeft : Qt::LeftToRight);
     setWindowTitle(Q(ws_.Title()));
     title_->setText(Q(ws_.productName));
     subtitle_->setText(Q(c[kv::Cap::WelcomeTitle]) + QStringLiteral("   ") + Q(ws_.settings.VersionText));
