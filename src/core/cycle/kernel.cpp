@@ -112,13 +112,14 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         s.t0 = NumberText(t0);
     }
     const double tc = Num(s.Tc);
-    if (FileLength(ws, "SubAct.dat") == 0) ResetAuxiliaryData(ws, 1);
-    if (FileLength(ws, "enerACT.dat") == 0) ResetAuxiliaryData(ws, 2);
+    // A missing auxiliary file is written with its defaults first.
+    if (OpenIn(ws, "SubAct.dat").Length() == 0) ResetAuxiliaryData(ws, 1);
+    if (OpenIn(ws, "enerACT.dat").Length() == 0) ResetAuxiliaryData(ws, 2);
     const auto aux = ReadAuxiliaryValues(ws);
     const EnergyValues energy = ReadEnergy(ws);
     const double superheatEvap = Num(aux[0]), superheatLine = Num(aux[1]), subcoolingBase = Num(aux[2]),
                  ihxStep = Num(aux[3]);
-    const LineData lines = ReadLineData(ws);
+    const LineData lines = ReadLineData(ws, aux);
     const LineLimits& lim = lines.limits;
 
     // 6, 7: superheat, subcooling, the real-gas factor of the drive.

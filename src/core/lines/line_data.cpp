@@ -20,7 +20,9 @@ double Value(const std::string& text) { return ToNumber(std::string_view(text)).
 
 }  // namespace
 
-LineData ReadLineData(const Workspace& ws) {
+LineData ReadLineData(const Workspace& ws) { return ReadLineData(ws, ReadAuxiliaryValues(ws)); }
+
+LineData ReadLineData(const Workspace& ws, const std::vector<std::string>& aux) {
     LineData d;
     const Project& p = ws.project;
     for (int line = 1; line <= kLineSectionCount; ++line) {
@@ -29,7 +31,6 @@ LineData ReadLineData(const Workspace& ws) {
         r.zeta = Value(p.Geometr.Cell(line, GeoZetaSum));
         if (line == Suction || line == Discharge || line == Liquid) r.height = Value(p.Geometr.Cell(line, GeoHeight));
     }
-    const std::vector<std::string> aux = ReadAuxiliaryValues(ws);
     auto auxValue = [&](std::size_t line, double& target) {
         if (line - 1 < aux.size() && !Trim(aux[line - 1]).empty()) target = Value(aux[line - 1]);
     };

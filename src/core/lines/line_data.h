@@ -6,6 +6,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "lines/line_sizing.h"
 
@@ -43,6 +44,8 @@ struct LineData {
 // discharge and liquid line), "SubAct.dat" and the project's fields. A zeta
 // table tube value of 0 counts as 0.6.
 LineData ReadLineData(const Workspace& ws);
+// The same with the auxiliary values already read by the caller.
+LineData ReadLineData(const Workspace& ws, const std::vector<std::string>& auxiliaryValues);
 
 // The rules of a run over ws.pipes: loss rules of the project, the fixed
 // flag and stored rows of ws.cycle.
