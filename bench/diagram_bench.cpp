@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "cycle/diagram.h"
+#include "bench_workspace.h"
 #include "shell/startup.h"
 #include "shell/workspace.h"
 
@@ -14,12 +15,7 @@ namespace fs = std::filesystem;
 
 kv::Workspace& DiagramWorkspace() {
     static kv::Workspace ws = [] {
-        kv::Workspace w;
-        const fs::path root = fs::temp_directory_path() / "kv_bench_diagram";
-        fs::create_directories(root);
-        w.project.DatenVerz = root.string();
-        w.factoryDir = KELVARIS_FACTORY_DATA;
-        kv::InstallFactoryData(w);
+        kv::Workspace w = kvbench::MakeWorkspace("kv_bench_diagram");
         w.project.VerdArt = 2;
         w.project.KondArt = 1;
         w.project.Tver = "-10";

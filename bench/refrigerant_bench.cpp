@@ -8,6 +8,7 @@
 #include "refrigerant/saturation.h"
 #include "refrigerant/state_points.h"
 #include "shell/files.h"
+#include "bench_workspace.h"
 #include "shell/startup.h"
 #include "shell/workspace.h"
 
@@ -18,12 +19,7 @@ namespace fs = std::filesystem;
 // A workspace on a data directory of its own, filled with the factory data.
 kv::Workspace& BenchWorkspace() {
     static kv::Workspace ws = [] {
-        kv::Workspace w;
-        const fs::path root = fs::temp_directory_path() / "kv_bench_data";
-        fs::create_directories(root);
-        w.project.DatenVerz = root.string();
-        w.factoryDir = KELVARIS_FACTORY_DATA;
-        kv::InstallFactoryData(w);
+        kv::Workspace w = kvbench::MakeWorkspace("kv_bench_data");
         w.project.VerdArt = 2;
         w.project.KondArt = 1;
         return w;

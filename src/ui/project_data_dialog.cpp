@@ -391,15 +391,7 @@ bool ProjectDataDialog::Calculate() {
 }
 
 void ProjectDataDialog::Save() {
-    kv::Project& p = ws_.project;
-    const std::string name(kv::Trim(p.ProjektDatei));
-    if (name.empty() || kv::UpperAscii(name) == ".PRJ") {
-        SaveAs();
-        return;
-    }
-    std::string dir = p.ProjektVerz;
-    if (!dir.empty() && dir.back() != '/') dir += '/';
-    kv::SaveProject(ws_, p.AnlagenTyp, dir);
+    if (!kv::SaveUnderKnownName(ws_)) SaveAs();
 }
 
 void ProjectDataDialog::SaveAs() {

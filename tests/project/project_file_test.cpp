@@ -125,6 +125,15 @@ TEST_F(ProjectFile, SaveAndLoadGiveTheRecordBack) {
     EXPECT_EQ(resave(Reloaded(path, dir)), second);
 }
 
+TEST_F(ProjectFile, SaveButtonNeedsAKnownName) {
+    ws.project.ProjektDatei = " .prj";
+    EXPECT_FALSE(kv::SaveUnderKnownName(ws).has_value());
+    ws.project.ProjektDatei = "Known.prj";
+    ws.project.ProjektVerz = (root / "docs").string();
+    ASSERT_EQ(kv::SaveUnderKnownName(ws), kv::SaveResult::Saved);
+    EXPECT_TRUE(fs::exists(root / "docs" / "Known.prj"));
+}
+
 TEST_F(ProjectFile, DeletingTakesTheCompanionsAlong) {
     const std::string dir = (root / "projects").string() + "/";
     fs::create_directories(dir);

@@ -181,6 +181,15 @@ SaveResult SaveProject(Workspace& ws, const std::string& plantType, const std::s
     return SaveResult::Saved;
 }
 
+std::optional<SaveResult> SaveUnderKnownName(Workspace& ws) {
+    Project& p = ws.project;
+    const std::string name(Trim(p.ProjektDatei));
+    if (name.empty() || UpperAscii(name) == ".PRJ") return std::nullopt;
+    std::string dir = p.ProjektVerz;
+    if (!dir.empty() && dir.back() != '/' && dir.back() != '\\') dir += '/';
+    return SaveProject(ws, p.AnlagenTyp, dir);
+}
+
 bool LoadProject(Workspace& ws, std::string& plantType, const std::string& filePath, const std::string& directory) {
     Project& p = ws.project;
     const Captions& c = ws.captions;

@@ -4,6 +4,7 @@
 // field carries a tag.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace kv {
@@ -30,6 +31,11 @@ std::string ProjectFileName(const std::string& projektDatei, const std::string& 
 // directory. The temporary file is renamed over the old one only when all
 // was written.
 SaveResult SaveProject(Workspace& ws, const std::string& plantType, const std::string& directory);
+
+// The Save button of the data screen: a project with a file name (not empty
+// and not ".PRJ" alone) is saved in its directory and the result comes back;
+// without one nothing happens and nullopt says that a name must be asked.
+std::optional<SaveResult> SaveUnderKnownName(Workspace& ws);
 
 // Loads `filePath`; companions are sought in `directory`. `plantType` (the
 // record's) must be one of the four project plant types, else nothing

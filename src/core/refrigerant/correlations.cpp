@@ -261,45 +261,35 @@ void SetSpecificHeats(CycleState& cs, const Branch& b, double tCondK, double tDi
     const double tEvap = cs.tEvapK;
     const double tOutlet = tEvap + cs.superheatEvap;
     std::array<double, 3> f = CpParameters(b);
+    // The four polynomial forms share their three roles; only the form differs.
+    double (*form)(double, double) = nullptr;
     switch (b.cp) {
-        case C::Common:
-            cs.cpVapEvap = CpCommon(f[0], tOutlet);
-            cs.cpVapSuction = CpCommon(f[1], tSuctionK);
-            cs.cpVapDischarge = CpCommon(f[2], tDischarge);
-            break;
-        case C::CommonLinearT:
-            cs.cpVapEvap = CpCommonLinearT(f[0], tOutlet);
-            cs.cpVapSuction = CpCommonLinearT(f[1], tSuctionK);
-            cs.cpVapDischarge = CpCommonLinearT(f[2], tDischarge);
-            break;
+        case C::Common: form = CpCommon; break;
+        case C::CommonLinearT: form = CpCommonLinearT; break;
         case C::AmmoniaWarmSuction:
             // Above 0 °C evaporating the suction gas of an ammonia plant is
             // denser, and its cp grows with the evaporating temperature.
             if (tEvap > 273.15) f[1] *= 1.176 * tEvap / 273.15;
-            [[fallthrough]];
-        case C::Ammonia:
-            cs.cpVapEvap = CpAmmoniaForm(f[0], tOutlet);
-            cs.cpVapSuction = CpAmmoniaForm(f[1], tSuctionK);
-            cs.cpVapDischarge = CpAmmoniaForm(f[2], tDischarge);
+            form = CpAmmoniaForm;
             break;
-        case C::Propane:
-            cs.cpVapEvap = CpPropaneForm(f[0], tOutlet);
-            cs.cpVapSuction = CpPropaneForm(f[1], tSuctionK);
-            cs.cpVapDischarge = CpPropaneForm(f[2], tDischarge);
-            break;
+        case C::Ammonia: form = CpAmmoniaForm; break;
+        case C::Propane: form = CpPropaneForm; break;
         case C::Own:
             cs.cpVapEvap = f[0] + f[1] * tOutlet;
             cs.cpVapSuction = f[0] + f[1] * tSuctionK;
             cs.cpVapDischarge = f[0] + f[1] * tDischarge;
-            break;
+            return;
         case C::Co2: {
             const Co2CpFactors a = Co2CpRules(tCondK, cs.pCond, tEvap);
             cs.cpVapDischarge = a.a5 * f[2] * CpAmmoniaForm(1.0, tDischarge);
             cs.cpVapEvap = a.a3 * a.a4 * f[0] * CpAmmoniaForm(1.0, tOutlet);
             cs.cpVapSuction = a.a2 * a.a3 * a.a4 * f[1] * CpAmmoniaForm(1.0, tSuctionK);
-            break;
+            return;
         }
     }
+    cs.cpVapEvap = form(f[0], tOutlet);
+    cs.cpVapSuction = form(f[1], tSuctionK);
+    cs.cpVapDischarge = form(f[2], tDischarge);
 }
 
 double CommonRankine(double f, double t, bool linearT) {
