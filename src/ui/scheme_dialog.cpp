@@ -16,6 +16,7 @@
 #include "refrigerant/registry.h"
 #include "shell/captions.h"
 #include "shell/workspace.h"
+#include "lines/pipe_series.h"
 #include "ui/picture_view.h"
 
 namespace kvui {
@@ -64,8 +65,7 @@ QWidget* SchemeDialog::BuildEntries() {
                      kv::ChangeRefrigerant(ws_, screen_);
                      refresh();
                  }, false, "KaelteM"));
-    const std::vector<std::string> pipes = {ws_.captions[kv::Cap::PipeWord] + " SI",
-                                            ws_.captions[kv::Cap::PipeWord] + " INCH", ws_.captions[kv::Cap::PipeSteel]};
+    const std::vector<std::string> pipes = kv::PipeSeriesList(ws_);
     form->addRow(Label(ws_, kv::Cap::PipeSeries), bind_.Box(s.RLcombo, pipes, [this, refresh] {
         if (filling_) return;
         kv::ChangePipeStandard(ws_, screen_, screen_.RLcombo);
@@ -212,7 +212,7 @@ void SchemeDialog::Refresh() {
         const QSignalBlocker block(r.bar);
         r.bar->setRange(g.maxRow > 0 ? 1 : 0, std::max(g.maxRow, 0));
         r.bar->setValue(g.row);
-        r.diameter->setText(Q(g.diameter));
+        SetRed(r.diameter, g.diameter, g.diameterRed);
         SetRed(r.loss, g.lossMbar, g.lossRed);
         SetRed(r.lossK, g.lossK, g.lossRed);
         SetRed(r.velocity, g.velocity, g.velocityRed);

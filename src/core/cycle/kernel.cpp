@@ -1,11 +1,13 @@
 #include "cycle/kernel.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
 #include "cycle/scheme_screen.h"
 #include "lines/line_data.h"
 #include "lines/line_sizing.h"
+#include "lines/pipe_series.h"
 #include "lines/pipe_table.h"
 #include "lines/pressure_drop.h"
 #include "project/project.h"
@@ -53,16 +55,50 @@ void ShowLine(const Workspace& ws, SchemeScreen& s, int section, const LineResul
     if (withVelocity) g.velocity = CutText(r.velocity, 2);
 }
 
-}  // namespace
-
-double CutFigure(double value, int decimals) {
-    if (!std::isfinite(value)) return 0.0;
-    const double f = std::pow(10.0, decimals);
-    const double x = value * f;
-    return std::trunc(x + (x >= 0 ? 1e-6 : -1e-6)) / f;
+// A run that cannot go on: the record is no longer busy, and nothing of it
+// counts as calculated.
+bool StopRun(Workspace& ws) {
+    ws.project.CalcState = 1;
+    ws.cycle.diametersFixed = false;
+    ws.cycle.valid = false;
+    return false;
 }
 
-std::string CutText(double value, int decimals) { return NumberText(CutFigure(value, decimals)); }
+// A suction line whose loss reaches the evaporating pressure would leave the
+// compressor a negative pressure and density: the run stops with a message
+// rather than carry the nonsense into the power.
+bool SuctionLossBearable(Workspace& ws, double lossMbar) {
+    const CycleState& c = ws.cycle;
+    if (std::isfinite(lossMbar) && lossMbar / 1000 < c.pEvap) return true;
+    const Captions& cap = ws.captions;
+    ws.ui.Message(ws.Title(),
+                  cap[Cap::LineSuction] + ": " + cap[Cap::PressureDrop] + " " + CutText(lossMbar / 1000, 2) +
+                      " bar >= " + cap[Cap::EvapPressure] + " " + CutText(c.pEvap, 2) + " bar",
+                  MessageIcon::Error);
+    return false;
+}
+
+// The figures a run ends with must be numbers; one that is not stops the run
+// with a message naming it, never a 0 shown in its place.
+bool ResultsFinite(Workspace& ws) {
+    const CycleState& c = ws.cycle;
+    const Captions& cap = ws.captions;
+    const std::pair<double, Cap> figures[] = {{c.massFlow, Cap::BtnCalculate},   {c.Q0, Cap::BtnCalculate},
+                                              {c.pShaft, Cap::ShaftPower},       {c.tDischargeC, Cap::DischargeTemp},
+                                              {c.requiredSweptVolume, Cap::SweptVolume}, {c.eer, Cap::BtnCalculate},
+                                              {c.dpSuction, Cap::PressureDrop},  {c.dpDischarge, Cap::PressureDrop}};
+    for (const auto& [value, word] : figures)
+        if (!std::isfinite(value)) {
+            ws.ui.Message(ws.Title(), cap[Cap::BtnCalculate] + ": " + cap[word] + " = " + NumberText(value),
+                          MessageIcon::Error);
+            return false;
+        }
+    return true;
+}
+
+}  // namespace
+
+std::string CutText(double value, int decimals) { return NumberText(Cut(value, decimals)); }
 
 namespace {
 void AnnualFiguresWith(Workspace& ws, SchemeScreen& screen, double P, const EnergyValues& e) {
@@ -70,7 +106,7 @@ void AnnualFiguresWith(Workspace& ws, SchemeScreen& screen, double P, const Ener
     c.annualCost = P * e.runFactorA * e.runFactorC * e.energyPrice * e.runFactorD;
     screen.BetrKo = CutText(c.annualCost, 0);
     // 0.7 kg CO2 for each kWh of electricity.
-    c.co2Tons = CutFigure(P * e.runFactorA * e.runFactorC * 0.7 * e.runFactorD / 1000, 1);
+    c.co2Tons = Cut(P * e.runFactorA * e.runFactorC * 0.7 * e.runFactorD / 1000, 1);
     screen.CO2consum = NumberText(c.co2Tons);
     c.eer = P != 0.0 ? c.Q0 / P : 0.0;
     screen.LeistZ = CutText(c.eer, 2);
@@ -86,14 +122,17 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     CycleState& c = ws.cycle;
     const Captions& cap = ws.captions;
 
-    // 1, 2: the stored sizes of the last run are offered on the first
-    // calculation; a size moved by hand keeps all sizes for this run.
+    // 1, 2: the stored sizes are offered on the first calculation of a
+    // screen opening only; a size moved by hand keeps all sizes for this run.
     if (s.keepSizesOnce) {
         c.diametersFixed = true;
         s.keepSizesOnce = false;
     } else {
         c.lineRow.fill(0);
-        if (mode == FirstCalculation) OfferStoredSizing(ws);
+        if (mode == FirstCalculation && !s.sizingOffered) {
+            s.sizingOffered = true;
+            OfferStoredSizing(ws);
+        }
     }
 
     // 3: the swept volume and the diameters kept by the check boxes.
@@ -140,6 +179,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     // 8: the pipe table of the project.
     if (!EqualsNoCase(ws.pipes.file, p.RohrDatei) || ws.pipes.PipeRowCount == 0) LoadPipeTable(ws, p.RohrDatei);
     for (int i = 1; i <= 8; ++i) s.lines[static_cast<std::size_t>(i)].maxRow = ws.pipes.PipeRowCount;
+    if (!PipeTableUsable(ws)) return StopRun(ws);
 
     // The gas cooler pressure of a transcritical CO2 plant, where the
     // project gives one; else the state points take 95 bar.
@@ -219,7 +259,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
             const double withEco = MassFlow(ws, c.massFlow, c.Q0);
             const double ratio = withEco != 0.0 ? (massPerHour / 3600) / withEco : 1.0;
             c.massFlow = withEco;
-            c.Q0 = CutFigure(c.Q0 * (eco ? ratio : 1.0), c.Q0 > 100 ? 1 : 2);
+            c.Q0 = Cut(c.Q0 * (eco ? ratio : 1.0), c.Q0 > 100 ? 1 : 2);
             Qh = c.Q0 + c.pShaft;
             s.Q0 = NumberText(c.Q0);
             if (mode != AnnualHour) s.Qh = CutText(Qh, 2);
@@ -268,6 +308,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
                                                c.dpdtEvap, c.pEvap);
         StoreLineResult(c, Suction, suc);
         ShowLine(ws, s, Suction, suc, run[Suction].length, true, true);
+        if (!SuctionLossBearable(ws, suc.sized ? suc.lossMbar : 0.0)) return StopRun(ws);
         if (suc.sized) {
             c.dpSuction = suc.lossMbar;
             c.rhoAfterDrop = suc.rhoAfterDrop > 0 ? suc.rhoAfterDrop
@@ -411,15 +452,16 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     // 23, 25, 26: figures of merit and the power.
     c.Qh = mode == AnnualHour ? c.Qh : Qh;
     AnnualFiguresWith(ws, s, c.pShaft, energy);
+    if (!ResultsFinite(ws)) return StopRun(ws);
     const int shaftDecimals = c.pShaft > 1000 ? 0 : c.pShaft > 100 ? 1 : 2;
     s.ElLeistVD_l = "Qel=" + CutText(c.pShaft, shaftDecimals) + " kW";
     const int decimals = (c.Q0 + c.pShaft) > 1000 ? 0 : (c.Q0 + c.pShaft) > 100 ? 1 : 2;
     s.Q0 = CutText(c.Q0, decimals);
 
-    // The sizes of this run for the next opening.
-    if (mode == Recalculate || mode == FirstCalculation) WriteLineSizes(ws, CurrentLineSizes(c));
+    const std::vector<int> belowPressure = MarkPipePressure(ws, mode == FirstCalculation);
     for (int i = 1; i <= 8; ++i) {
         LineGroup& g = s.lines[static_cast<std::size_t>(i)];
+        g.diameterRed = std::find(belowPressure.begin(), belowPressure.end(), i) != belowPressure.end();
         g.lossRed = c.lineLossRed[static_cast<std::size_t>(i)];
         g.velocityRed = c.lineVelocityRed[static_cast<std::size_t>(i)];
         g.minLoadRed = c.lineOilRed[static_cast<std::size_t>(i)];

@@ -180,7 +180,7 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
                     failed = true;
                     break;
                 }
-                QPlant = CutFigure(c.Q0 + c.pShaft, 2);
+                QPlant = Cut(c.Q0 + c.pShaft, 2);
                 cop = c.cop;
                 if (!std::isfinite(QPlant) || !std::isfinite(cop) || !(cop > 0) || !(QPlant > 0)) {
                     QPlant = cop = 0.0;
