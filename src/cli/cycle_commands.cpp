@@ -3,6 +3,7 @@
 
 #include "cli.h"
 #include "cycle/kernel.h"
+#include "cycle/plausibility.h"
 #include "cycle/scheme_screen.h"
 #include "lines/pipe_table.h"
 #include "project/data_screen.h"
@@ -62,6 +63,7 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
     j["dpLiquid"] = c.dpLiquid;
     j["annualCost"] = c.annualCost;
     j["co2Tons"] = c.co2Tons;
+    j["warnings"] = kv::PlausibilityNotes(ws);
     if (ws.project.EcoFlag == 1) {
         j["pIntermediate"] = c.pIntermediate;
         j["tIntermediate"] = c.tIntermediate;

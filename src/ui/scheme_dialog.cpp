@@ -47,6 +47,10 @@ SchemeDialog::SchemeDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent)
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top, 1);
     layout->addWidget(BuildLines());
+    notes_ = new QLabel;
+    notes_->setObjectName(QStringLiteral("notes"));
+    notes_->setStyleSheet(QStringLiteral("color: red"));
+    layout->addWidget(notes_);
     resize(1280, 860);
     Refresh();
 }
@@ -196,6 +200,9 @@ void SchemeDialog::Refresh() {
     bind_.Refresh();
     psi0_->setText(Q(screen_.p0psi));
     psic_->setText(Q(screen_.pcpsi));
+    QStringList notes;
+    for (const std::string& n : screen_.notes) notes << Q(n);
+    notes_->setText(notes.join(QStringLiteral("\n")));
     for (auto [box, on] : {std::pair{hub_, screen_.Hubconstant}, {keep_, screen_.cConstant}, {eco_, screen_.EcoCheck}}) {
         const QSignalBlocker block(box);
         box->setChecked(on);

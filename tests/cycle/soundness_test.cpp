@@ -99,6 +99,7 @@ TEST_F(Soundness, SampleFiguresArePinned) {
         const double balance = (c.Q0 + c.pShaft - c.Qh) / c.Qh;
         EXPECT_GE(balance, 0);
         EXPECT_LT(balance, ws.project.EcoFlag == 1 ? 0.09 : 0.02);
+        EXPECT_EQ(s.notes.size(), ws.project.EcoFlag == 1 ? 1u : 0u);
     }
 }
 
@@ -149,6 +150,8 @@ TEST_F(Soundness, TranscriticalCo2From80To110Bar) {
         EXPECT_NEAR(c.Q0, x.q0, 2e-3);
         EXPECT_NEAR(c.pShaft, x.power, 2e-3);
         EXPECT_NEAR(c.tDischargeC, x.t2, 0.01);
+        // Above the Carnot EER (6.70 between -5 and 35 °C) the engineer is told.
+        EXPECT_EQ(s.notes.size(), c.eer > 268.15 / 40 ? 1u : 0u);
     }
 }
 

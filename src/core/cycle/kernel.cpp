@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 
+#include "cycle/plausibility.h"
 #include "cycle/scheme_screen.h"
 #include "lines/line_data.h"
 #include "lines/line_sizing.h"
@@ -474,6 +475,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     p.CalcState = 1;
     c.diametersFixed = false;
     c.valid = true;
+    s.notes = PlausibilityNotes(ws);
     return true;
 }
 

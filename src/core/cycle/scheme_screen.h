@@ -6,6 +6,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace kv {
 
@@ -41,6 +42,7 @@ struct SchemeScreen {
     std::string LeistZ, COP_Heiz, Eta_heiz, BetrKo, CO2consum, Zuheiz;
     std::string ECOWTPN;            // heat of the economizer, kW
     std::string tIntermediate, pIntermediate;
+    std::vector<std::string> notes;  // doubts on the figures (cycle/plausibility.h), shown in red
 
     // Line groups by line section 1..8 (injection .. economizer suction).
     std::array<LineGroup, 9> lines{};

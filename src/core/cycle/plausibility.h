@@ -1,0 +1,21 @@
+// Notes on figures of a calculated operating point that the empirical
+// refrigerant model gives but that physics rules out or the plant's balance
+// does not bear: shown beside the figures so that the engineer does not take
+// them at face value. The figures themselves stay as the model gives them.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kv {
+
+struct Workspace;
+
+// Notes on the operating point of ws.cycle:
+// - an EER above the Carnot limit between the evaporating and the condensing
+//   (gas cooler exit) temperature;
+// - a discharge temperature not above the condensing temperature;
+// - Q0 + P off Qh by more than the line losses account for (3 %).
+std::vector<std::string> PlausibilityNotes(const Workspace& ws);
+
+}  // namespace kv
