@@ -1,4 +1,5 @@
 // Commands of the cycle calculation: calc.
+#include <cmath>
 #include <iostream>
 
 #include "cli.h"
@@ -37,7 +38,9 @@ bool CalculateProject(const Options& o, kv::Workspace& ws, kv::SchemeScreen& sch
     if (!PrepareCalculation(ws, scheme, code)) return false;
     // The question on stored sizes is answered No: a batch run keeps them.
     if (!kv::CalculateCycle(ws, scheme, kv::FirstCalculation)) {
-        code = Fail("the cycle could not be calculated");
+        // The kernel's message has said why, on standard error.
+        std::cerr << "kelvaris-cli: the cycle could not be calculated\n";
+        code = 1;
         return false;
     }
     return true;
@@ -96,7 +99,16 @@ int CmdCalc(const Options& o) {
     int code = 0;
     kv::SchemeScreen scheme;
     if (!CalculateProject(o, ws, scheme, code)) return code;
-    Print(o, CycleJson(ws));
+    return PrintFigures(o, CycleJson(ws));
+}
+
+int PrintFigures(const Options& o, const nlohmann::json& j) {
+    for (const auto& [key, value] : j.items())
+        if (value.is_number_float() && !std::isfinite(value.get<double>())) {
+            std::cerr << "kelvaris-cli: the figure " << key << " is not a number\n";
+            return 1;
+        }
+    Print(o, j);
     return 0;
 }
 

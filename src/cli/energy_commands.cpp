@@ -43,8 +43,7 @@ int CmdAnnual(const Options& o) {
     j["designQh"] = ws.cycle.Qh;
     j["designCop"] = ws.cycle.cop;
     j["hourTable"] = kv::ResolveName(ws, kv::kSeasonFile).string();
-    Print(o, j);
-    return 0;
+    return PrintFigures(o, j);
 }
 
 }  // namespace kvcli

@@ -83,14 +83,14 @@ bool SuctionLossBearable(Workspace& ws, double lossMbar) {
 // with a message naming it, never a 0 shown in its place.
 bool ResultsFinite(Workspace& ws) {
     const CycleState& c = ws.cycle;
-    const Captions& cap = ws.captions;
-    const std::pair<double, Cap> figures[] = {{c.massFlow, Cap::BtnCalculate},   {c.Q0, Cap::BtnCalculate},
-                                              {c.pShaft, Cap::ShaftPower},       {c.tDischargeC, Cap::DischargeTemp},
-                                              {c.requiredSweptVolume, Cap::SweptVolume}, {c.eer, Cap::BtnCalculate},
-                                              {c.dpSuction, Cap::PressureDrop},  {c.dpDischarge, Cap::PressureDrop}};
-    for (const auto& [value, word] : figures)
+    const std::pair<const char*, double> figures[] = {
+        {"m", c.massFlow},         {"Q0", c.Q0},         {"Qel", c.pShaft},
+        {"t2", c.tDischargeC},     {"V", c.requiredSweptVolume}, {"EER", c.eer},
+        {"dp suction", c.dpSuction}, {"dp discharge", c.dpDischarge}};
+    for (const auto& [name, value] : figures)
         if (!std::isfinite(value)) {
-            ws.ui.Message(ws.Title(), cap[Cap::BtnCalculate] + ": " + cap[word] + " = " + NumberText(value),
+            ws.ui.Message(ws.Title(),
+                          ws.captions[Cap::BtnCalculate] + ": " + name + " = " + (std::isnan(value) ? "NaN" : "inf"),
                           MessageIcon::Error);
             return false;
         }
@@ -309,7 +309,9 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
                                                c.dpdtEvap, c.pEvap);
         StoreLineResult(c, Suction, suc);
         ShowLine(ws, s, Suction, suc, run[Suction].length, true, true);
-        if (!SuctionLossBearable(ws, suc.sized ? suc.lossMbar : 0.0)) return StopRun(ws);
+        // An hour of the year without sound figures goes to the heater (the
+        // annual run checks them); any other run stops here.
+        if (mode != AnnualHour && !SuctionLossBearable(ws, suc.sized ? suc.lossMbar : 0.0)) return StopRun(ws);
         if (suc.sized) {
             c.dpSuction = suc.lossMbar;
             c.rhoAfterDrop = suc.rhoAfterDrop > 0 ? suc.rhoAfterDrop
@@ -453,7 +455,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     // 23, 25, 26: figures of merit and the power.
     c.Qh = mode == AnnualHour ? c.Qh : Qh;
     AnnualFiguresWith(ws, s, c.pShaft, energy);
-    if (!ResultsFinite(ws)) return StopRun(ws);
+    if (mode != AnnualHour && !ResultsFinite(ws)) return StopRun(ws);
     const int shaftDecimals = c.pShaft > 1000 ? 0 : c.pShaft > 100 ? 1 : 2;
     s.ElLeistVD_l = "Qel=" + CutText(c.pShaft, shaftDecimals) + " kW";
     const int decimals = (c.Q0 + c.pShaft) > 1000 ? 0 : (c.Q0 + c.pShaft) > 100 ? 1 : 2;
