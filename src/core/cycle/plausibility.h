@@ -15,7 +15,9 @@ struct Workspace;
 // - an EER above the Carnot limit between the evaporating and the condensing
 //   (gas cooler exit) temperature;
 // - a discharge temperature not above the condensing temperature;
-// - Q0 + P off Qh by more than the line losses account for (3 %).
+// - Q0 + P off Qh by more than the line losses account for (3 %);
+// - an injection line loss that the Chisholm limit of Y = 0.95 (the
+//   textbook has 9.5) makes more than 1.5 times the textbook value.
 std::vector<std::string> PlausibilityNotes(const Workspace& ws);
 
 }  // namespace kv
