@@ -181,6 +181,14 @@ TEST_F(Soundness, FaultsThatGaveWrongFigures) {
     ASSERT_TRUE(kv::CalculateButton(ws, s));
     ASSERT_TRUE(kv::CalculateButton(ws, s));
     EXPECT_EQ(questions.size(), 1u);
+    // Three times the capacity: the lines are sized anew, no old size and its
+    // loss stay behind.
+    const int suctionRow = ws.cycle.lineRow[kv::Suction];
+    s.Qh = kv::NumberText(3 * kv::ToNumber(s.Qh).value);
+    ASSERT_TRUE(kv::CalculateButton(ws, s));
+    EXPECT_EQ(questions.size(), 1u);
+    EXPECT_GT(ws.cycle.lineRow[kv::Suction], suctionRow);
+    EXPECT_FALSE(ws.cycle.lineLossRed[kv::Suction]);
 
     // A suction line that loses more than the evaporating pressure stops the
     // run with a message; no NaN reaches the power.

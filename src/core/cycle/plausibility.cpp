@@ -43,15 +43,17 @@ double InjectionLossRatio(const Workspace& ws, double& y) {
 }
 }  // namespace
 
+bool AboveCarnot(const CycleState& c) {
+    return c.tCondK > c.tEvapK && c.tEvapK > 0 && c.eer > c.tEvapK / (c.tCondK - c.tEvapK);
+}
+
 std::vector<std::string> PlausibilityNotes(const Workspace& ws) {
     const CycleState& c = ws.cycle;
     std::vector<std::string> notes;
     const double t0 = c.tEvapK, tc = c.tCondK;
     const std::string temps = " (t0 " + CutText(t0 - 273.15, 1) + " \u00b0C, tc " + CutText(tc - 273.15, 1) + " \u00b0C)";
-    if (tc > t0 && t0 > 0) {
-        const double carnot = t0 / (tc - t0);
-        if (c.eer > carnot) notes.push_back("EER " + CutText(c.eer, 2) + " > Carnot " + CutText(carnot, 2) + temps);
-    }
+    if (AboveCarnot(c))
+        notes.push_back("EER " + CutText(c.eer, 2) + " > Carnot " + CutText(t0 / (tc - t0), 2) + temps);
     if (c.tDischargeC <= tc - 273.15)
         notes.push_back("t2 " + CutText(c.tDischargeC, 1) + " \u00b0C <= tc" + temps);
     if (c.Qh > 0 && std::fabs(c.Q0 + c.pShaft - c.Qh) > kBalanceShare * c.Qh)

@@ -20,4 +20,9 @@ struct Workspace;
 //   textbook has 9.5) makes more than 1.5 times the textbook value.
 std::vector<std::string> PlausibilityNotes(const Workspace& ws);
 
+struct CycleState;
+// True when the EER of `c` lies above the Carnot EER between its evaporating
+// and condensing (gas cooler exit) temperatures, which no plant can reach.
+bool AboveCarnot(const CycleState& c);
+
 }  // namespace kv
