@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <set>
 
+#include "cycle/diagram.h"
 #include "cycle/kernel.h"
 #include "cycle/scheme_screen.h"
 #include "lines/line_data.h"
@@ -197,6 +198,31 @@ TEST_F(Soundness, FaultsThatGaveWrongFigures) {
     ASSERT_EQ(messages.size(), 1u);
     EXPECT_NE(messages[0].text.find("Suction line"), std::string::npos);
     EXPECT_FALSE(ws.cycle.valid);
+}
+
+// The diagram of a calculated plant: CO2 on its own gas cooler pressure, the
+// economizer plant with both stages and its side stream.
+TEST_F(Soundness, DiagramDrawsThePlantAsCalculated) {
+    Open("Transcritical_CO2.prj");
+    ASSERT_TRUE(kv::CalculateCycle(ws, s, kv::FirstCalculation));
+    kv::DiagramWindow w = kv::OpenDiagramWindow(ws);
+    kv::Play_DiaG(ws, w);
+    EXPECT_EQ(w[kv::TrimField::GasCoolerPressure].text, "85");
+    EXPECT_DOUBLE_EQ(w.cycle.pCond, 85);
+
+    Open("Economizer_R134a.prj");
+    ASSERT_TRUE(kv::CalculateCycle(ws, s, kv::FirstCalculation));
+    const double pm = ws.cycle.pIntermediate;
+    w = kv::OpenDiagramWindow(ws);
+    kv::Play_DiaG(ws, w);
+    const kv::DiagramCycle& c = w.cycle;
+    ASSERT_EQ(c.corners.size(), 11u);
+    EXPECT_NEAR(c.corners[4].p, pm, 1e-9);  // low stage ends at the intermediate level
+    EXPECT_NEAR(c.corners[5].p, pm, 1e-9);  // where the side stream's vapour mixes in
+    EXPECT_LT(c.corners[5].h, c.corners[4].h);
+    EXPECT_LT(c.corners[0].h, c.corners[9].h);  // the economizer subcools the main liquid
+    ASSERT_EQ(c.sideStream.size(), 3u);
+    EXPECT_NEAR(c.sideStream[1].p, pm, 1e-9);
 }
 
 TEST_F(Soundness, PipeSeriesShownIsTheOneHeld) {
