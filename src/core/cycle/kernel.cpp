@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cycle/plausibility.h"
+#include "cycle/run_checks.h"
 #include "cycle/scheme_screen.h"
 #include "lines/line_data.h"
 #include "lines/line_sizing.h"
@@ -63,38 +64,6 @@ bool StopRun(Workspace& ws) {
     ws.cycle.diametersFixed = false;
     ws.cycle.valid = false;
     return false;
-}
-
-// A suction line whose loss reaches the evaporating pressure would leave the
-// compressor a negative pressure and density: the run stops with a message
-// rather than carry the nonsense into the power.
-bool SuctionLossBearable(Workspace& ws, double lossMbar) {
-    const CycleState& c = ws.cycle;
-    if (std::isfinite(lossMbar) && lossMbar / 1000 < c.pEvap) return true;
-    const Captions& cap = ws.captions;
-    ws.ui.Message(ws.Title(),
-                  cap[Cap::LineSuction] + ": " + cap[Cap::PressureDrop] + " " + CutText(lossMbar / 1000, 2) +
-                      " bar >= " + cap[Cap::EvapPressure] + " " + CutText(c.pEvap, 2) + " bar",
-                  MessageIcon::Error);
-    return false;
-}
-
-// The figures a run ends with must be numbers; one that is not stops the run
-// with a message naming it, never a 0 shown in its place.
-bool ResultsFinite(Workspace& ws) {
-    const CycleState& c = ws.cycle;
-    const std::pair<const char*, double> figures[] = {
-        {"m", c.massFlow},         {"Q0", c.Q0},         {"Qel", c.pShaft},
-        {"t2", c.tDischargeC},     {"V", c.requiredSweptVolume}, {"EER", c.eer},
-        {"dp suction", c.dpSuction}, {"dp discharge", c.dpDischarge}};
-    for (const auto& [name, value] : figures)
-        if (!std::isfinite(value)) {
-            ws.ui.Message(ws.Title(),
-                          ws.captions[Cap::BtnCalculate] + ": " + name + " = " + (std::isnan(value) ? "NaN" : "inf"),
-                          MessageIcon::Error);
-            return false;
-        }
-    return true;
 }
 
 }  // namespace
