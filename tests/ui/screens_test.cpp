@@ -110,6 +110,8 @@ TEST_F(Screens, SchemeOfTheCo2AndEconomizerSamples) {
         window.OpenProjectData();
         auto* data = window.findChild<kvui::ProjectDataDialog*>();
         ASSERT_NE(data, nullptr);
+        EXPECT_EQ(data->findChild<QComboBox*>(QStringLiteral("RLcombo"))->count(), 4);  // K65 among the series
+        Snapshot(*data, ws.project.EcoFlag == 1 ? "data_economizer" : "data_co2");
         data->findChild<QPushButton*>(QStringLiteral("Calculate"))->click();
         auto* scheme = data->findChild<kvui::SchemeDialog*>();
         ASSERT_NE(scheme, nullptr);
