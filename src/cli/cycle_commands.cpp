@@ -1,4 +1,5 @@
 // Commands of the cycle calculation: calc.
+#include <algorithm>
 #include <cmath>
 #include <iostream>
 
@@ -6,6 +7,7 @@
 #include "cycle/kernel.h"
 #include "cycle/plausibility.h"
 #include "cycle/scheme_screen.h"
+#include "lines/pipe_series.h"
 #include "lines/pipe_table.h"
 #include "project/data_screen.h"
 
@@ -76,6 +78,7 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
     static constexpr const char* kNames[9] = {"",       "injection", "suction",           "discharge",        "liquid",
                                               "condensate", "hotGasBypass", "economizerLiquid", "economizerSuction"};
     nlohmann::json lines = nlohmann::json::object();
+    const std::vector<int> below = kv::LinesBelowPressure(ws);  // sizes rated below the plant's pressure
     for (int i = 1; i <= 8; ++i) {
         const auto k = static_cast<std::size_t>(i);
         const int row = c.lineRow[k];
@@ -86,7 +89,8 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
         l["lossMbar"] = c.lineLoss[k];
         l["lossK"] = c.lineLossK[k];
         l["velocity"] = c.lineVelocity[k];
-        l["red"] = {{"loss", c.lineLossRed[k]}, {"velocity", c.lineVelocityRed[k]}, {"oilReturn", c.lineOilRed[k]}};
+        l["red"] = {{"loss", c.lineLossRed[k]}, {"velocity", c.lineVelocityRed[k]}, {"oilReturn", c.lineOilRed[k]},
+                    {"pressure", std::find(below.begin(), below.end(), i) != below.end()}};
         lines[kNames[i]] = l;
     }
     j["lines"] = lines;

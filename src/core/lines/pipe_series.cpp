@@ -72,8 +72,8 @@ bool PipeTableUsable(Workspace& ws) {
     return false;
 }
 
-std::vector<int> MarkPipePressure(Workspace& ws, bool tell) {
-    CycleState& c = ws.cycle;
+std::vector<int> LinesBelowPressure(const Workspace& ws) {
+    const CycleState& c = ws.cycle;
     std::vector<int> below;
     for (int section = Injection; section <= EconomizerSuction; ++section) {
         const int row = c.lineRow[static_cast<std::size_t>(section)];
@@ -83,6 +83,12 @@ std::vector<int> MarkPipePressure(Workspace& ws, bool tell) {
         // A size without a rating (0) is not judged.
         if (permitted > 0 && permitted < pressure) below.push_back(section);
     }
+    return below;
+}
+
+std::vector<int> MarkPipePressure(Workspace& ws, bool tell) {
+    const CycleState& c = ws.cycle;
+    const std::vector<int> below = LinesBelowPressure(ws);
     if (tell)
         for (int section : below) {
             const int row = c.lineRow[static_cast<std::size_t>(section)];

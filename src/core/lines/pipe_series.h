@@ -26,8 +26,9 @@ std::string PipeSeriesFile(const Workspace& ws, const std::string& text);
 bool PipeTableUsable(Workspace& ws);
 
 // Lines of the last calculation whose size is rated below the plant's
-// pressure on that side; the line's figures turn red, and with `tell` the
-// user is told once per line (bar gauge against bar gauge).
+// pressure on that side (bar gauge against bar gauge).
+std::vector<int> LinesBelowPressure(const Workspace& ws);
+// The same, and with `tell` the user is told once per line.
 std::vector<int> MarkPipePressure(Workspace& ws, bool tell);
 
 }  // namespace kv
