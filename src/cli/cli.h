@@ -28,6 +28,10 @@ kv::Workspace MakeWorkspace(const Options& o);
 // Prints `j` as JSON or, without --json, as "key: value" lines.
 void Print(const Options& o, const nlohmann::json& j);
 
+// Prints the figures of a calculation; a figure that is not a number is
+// a failure of the calculation: its name on standard error, exit code 1.
+int PrintFigures(const Options& o, const nlohmann::json& j);
+
 // A clear message on standard error; returns the exit code 2.
 int Fail(const std::string& message);
 

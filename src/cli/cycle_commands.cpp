@@ -1,9 +1,13 @@
 // Commands of the cycle calculation: calc.
+#include <algorithm>
+#include <cmath>
 #include <iostream>
 
 #include "cli.h"
 #include "cycle/kernel.h"
+#include "cycle/plausibility.h"
 #include "cycle/scheme_screen.h"
+#include "lines/pipe_series.h"
 #include "lines/pipe_table.h"
 #include "project/data_screen.h"
 
@@ -36,7 +40,9 @@ bool CalculateProject(const Options& o, kv::Workspace& ws, kv::SchemeScreen& sch
     if (!PrepareCalculation(ws, scheme, code)) return false;
     // The question on stored sizes is answered No: a batch run keeps them.
     if (!kv::CalculateCycle(ws, scheme, kv::FirstCalculation)) {
-        code = Fail("the cycle could not be calculated");
+        // The kernel's message has said why, on standard error.
+        std::cerr << "kelvaris-cli: the cycle could not be calculated\n";
+        code = 1;
         return false;
     }
     return true;
@@ -62,6 +68,7 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
     j["dpLiquid"] = c.dpLiquid;
     j["annualCost"] = c.annualCost;
     j["co2Tons"] = c.co2Tons;
+    j["warnings"] = kv::PlausibilityNotes(ws);
     if (ws.project.EcoFlag == 1) {
         j["pIntermediate"] = c.pIntermediate;
         j["tIntermediate"] = c.tIntermediate;
@@ -71,6 +78,7 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
     static constexpr const char* kNames[9] = {"",       "injection", "suction",           "discharge",        "liquid",
                                               "condensate", "hotGasBypass", "economizerLiquid", "economizerSuction"};
     nlohmann::json lines = nlohmann::json::object();
+    const std::vector<int> below = kv::LinesBelowPressure(ws);  // sizes rated below the plant's pressure
     for (int i = 1; i <= 8; ++i) {
         const auto k = static_cast<std::size_t>(i);
         const int row = c.lineRow[k];
@@ -81,7 +89,8 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
         l["lossMbar"] = c.lineLoss[k];
         l["lossK"] = c.lineLossK[k];
         l["velocity"] = c.lineVelocity[k];
-        l["red"] = {{"loss", c.lineLossRed[k]}, {"velocity", c.lineVelocityRed[k]}, {"oilReturn", c.lineOilRed[k]}};
+        l["red"] = {{"loss", c.lineLossRed[k]}, {"velocity", c.lineVelocityRed[k]}, {"oilReturn", c.lineOilRed[k]},
+                    {"pressure", std::find(below.begin(), below.end(), i) != below.end()}};
         lines[kNames[i]] = l;
     }
     j["lines"] = lines;
@@ -94,7 +103,16 @@ int CmdCalc(const Options& o) {
     int code = 0;
     kv::SchemeScreen scheme;
     if (!CalculateProject(o, ws, scheme, code)) return code;
-    Print(o, CycleJson(ws));
+    return PrintFigures(o, CycleJson(ws));
+}
+
+int PrintFigures(const Options& o, const nlohmann::json& j) {
+    for (const auto& [key, value] : j.items())
+        if (value.is_number_float() && !std::isfinite(value.get<double>())) {
+            std::cerr << "kelvaris-cli: the figure " << key << " is not a number\n";
+            return 1;
+        }
+    Print(o, j);
     return 0;
 }
 

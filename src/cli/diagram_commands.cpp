@@ -12,6 +12,7 @@
 #include <QString>
 
 #include "cycle/diagram.h"
+#include "cycle/scheme_screen.h"
 #include "project/data_screen.h"
 #include "refrigerant/registry.h"
 #include "render/render.h"
@@ -72,18 +73,11 @@ int CmdDiagram(const Options& o) {
         ws.project.Tver = kv::NumberText(t0);
         ws.project.tko = kv::NumberText(tc);
     } else {
+        // The project's operating point as the desktop draws it: after the
+        // calculation, with its gas cooler and intermediate pressures.
         int code = 0;
-        if (!LoadProjectArg(ws, o.args[1], code)) return code;
-        const kv::InputCheck check = kv::CheckInput(ws);
-        if (check.Count() > 0) {
-            for (const std::string& m : check.messages) {
-                std::string line = m;
-                for (char& ch : line)
-                    if (ch == '\r' || ch == '\n') ch = ' ';
-                std::cerr << line << "\n";
-            }
-            return 2;
-        }
+        kv::SchemeScreen scheme;
+        if (!CalculateProject(o, ws, scheme, code)) return code;
     }
 
     // The project file does not keep the CO2 mode: CO2 is drawn with the

@@ -42,9 +42,14 @@ int CmdAnnual(const Options& o) {
     j["fullLoadHours"] = r.weightedHours;
     j["designQh"] = ws.cycle.Qh;
     j["designCop"] = ws.cycle.cop;
+    // Hours the refrigerant model puts above the Carnot limit: the sCOP
+    // counts them as the model gives them, the engineer is told.
+    j["warnings"] = nlohmann::json::array();
+    if (r.hoursAboveCarnot > 0)
+        j["warnings"].push_back(std::to_string(static_cast<long>(r.hoursAboveCarnot)) +
+                                " h of the year with an EER above Carnot");
     j["hourTable"] = kv::ResolveName(ws, kv::kSeasonFile).string();
-    Print(o, j);
-    return 0;
+    return PrintFigures(o, j);
 }
 
 }  // namespace kvcli

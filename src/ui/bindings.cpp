@@ -44,6 +44,7 @@ void Bindings::Refresh() {
         const int i = b.box->findText(t);
         if (i >= 0) b.box->setCurrentIndex(i);
         else if (b.box->isEditable()) b.box->setEditText(t);
+        else b.box->setCurrentIndex(-1);  // the box shows what the field holds, or nothing
     }
 }
 

@@ -16,6 +16,7 @@
 #include "refrigerant/registry.h"
 #include "shell/captions.h"
 #include "shell/workspace.h"
+#include "lines/pipe_series.h"
 #include "ui/picture_view.h"
 
 namespace kvui {
@@ -46,6 +47,10 @@ SchemeDialog::SchemeDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent)
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(top, 1);
     layout->addWidget(BuildLines());
+    notes_ = new QLabel;
+    notes_->setObjectName(QStringLiteral("notes"));
+    notes_->setStyleSheet(QStringLiteral("color: red"));
+    layout->addWidget(notes_);
     resize(1280, 860);
     Refresh();
 }
@@ -64,8 +69,7 @@ QWidget* SchemeDialog::BuildEntries() {
                      kv::ChangeRefrigerant(ws_, screen_);
                      refresh();
                  }, false, "KaelteM"));
-    const std::vector<std::string> pipes = {ws_.captions[kv::Cap::PipeWord] + " SI",
-                                            ws_.captions[kv::Cap::PipeWord] + " INCH", ws_.captions[kv::Cap::PipeSteel]};
+    const std::vector<std::string> pipes = kv::PipeSeriesList(ws_);
     form->addRow(Label(ws_, kv::Cap::PipeSeries), bind_.Box(s.RLcombo, pipes, [this, refresh] {
         if (filling_) return;
         kv::ChangePipeStandard(ws_, screen_, screen_.RLcombo);
@@ -196,6 +200,9 @@ void SchemeDialog::Refresh() {
     bind_.Refresh();
     psi0_->setText(Q(screen_.p0psi));
     psic_->setText(Q(screen_.pcpsi));
+    QStringList notes;
+    for (const std::string& n : screen_.notes) notes << Q(n);
+    notes_->setText(notes.join(QStringLiteral("\n")));
     for (auto [box, on] : {std::pair{hub_, screen_.Hubconstant}, {keep_, screen_.cConstant}, {eco_, screen_.EcoCheck}}) {
         const QSignalBlocker block(box);
         box->setChecked(on);
@@ -212,7 +219,7 @@ void SchemeDialog::Refresh() {
         const QSignalBlocker block(r.bar);
         r.bar->setRange(g.maxRow > 0 ? 1 : 0, std::max(g.maxRow, 0));
         r.bar->setValue(g.row);
-        r.diameter->setText(Q(g.diameter));
+        SetRed(r.diameter, g.diameter, g.diameterRed);
         SetRed(r.loss, g.lossMbar, g.lossRed);
         SetRed(r.lossK, g.lossK, g.lossRed);
         SetRed(r.velocity, g.velocity, g.velocityRed);

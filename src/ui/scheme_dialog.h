@@ -52,6 +52,7 @@ private:
     PictureView* view_ = nullptr;
     QCheckBox *hub_ = nullptr, *keep_ = nullptr, *eco_ = nullptr;
     QLabel *psi0_ = nullptr, *psic_ = nullptr;
+    QLabel* notes_ = nullptr;  // doubts on the figures, in red
     std::array<LineRow, 9> lines_{};
     bool filling_ = false;
 };

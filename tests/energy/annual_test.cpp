@@ -177,6 +177,19 @@ TEST_F(AnnualRun, FebruaryCountsTwentyEightDaysAndNightsTakeTheSetback) {
     EXPECT_LT(N(t[5][6]), N(t[6][6]));
 }
 
+// The CO2 sample's year: the compressor model puts the mild hours far above
+// the Carnot EER (COP up to 22); the year counts them so the engineer is told.
+TEST_F(AnnualRun, HoursAboveCarnotAreCounted) {
+    OpenSample("Transcritical_CO2.prj");
+    const kv::SeasonalResult co2 = kv::RechKern(ws, s);
+    ASSERT_TRUE(co2.ran);
+    EXPECT_NEAR(co2.scop, 6.46, 0.005);
+    EXPECT_NEAR(co2.copMax, 22.17, 0.005);
+    EXPECT_NEAR(co2.hoursAboveCarnot, 551, 0.5);
+    OpenSample("AirWater_R290.prj");
+    EXPECT_EQ(kv::RechKern(ws, s).hoursAboveCarnot, 0);
+}
+
 TEST_F(AnnualRun, BrineSourceCoolsOverTheWinter) {
     OpenSample("Brine_R410A.prj");
     const kv::SeasonalResult r = kv::RechKern(ws, s);

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -96,6 +97,35 @@ TEST_F(Screens, CalculateFromTheDataScreenAndTrimALine) {
     diagram->accept();
     scheme->accept();
     data->accept();
+}
+
+// The CO2 and economizer samples on the plant scheme screen: the pipe series
+// box shows the series the project holds, doubts on the figures stand in red.
+TEST_F(Screens, SchemeOfTheCo2AndEconomizerSamples) {
+    for (const char* sample : {"Transcritical_CO2.prj", "Economizer_R134a.prj"}) {
+        SCOPED_TRACE(sample);
+        LoadSample(sample);
+        kvui::MainWindow window(ws);
+        window.show();
+        window.OpenProjectData();
+        auto* data = window.findChild<kvui::ProjectDataDialog*>();
+        ASSERT_NE(data, nullptr);
+        EXPECT_EQ(data->findChild<QComboBox*>(QStringLiteral("RLcombo"))->count(), 4);  // K65 among the series
+        Snapshot(*data, ws.project.EcoFlag == 1 ? "data_economizer" : "data_co2");
+        data->findChild<QPushButton*>(QStringLiteral("Calculate"))->click();
+        auto* scheme = data->findChild<kvui::SchemeDialog*>();
+        ASSERT_NE(scheme, nullptr);
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(scheme));
+        scheme->findChild<QPushButton*>(QStringLiteral("rechbutt"))->click();
+        EXPECT_TRUE(ws.cycle.valid);
+        EXPECT_EQ(scheme->findChild<QComboBox*>(QStringLiteral("RLcombo"))->currentText().toStdString(),
+                  ws.project.RohrDatei == "RohrK65.DAT" ? "K65 pipe" : "Pipe SI");
+        // The economizer's balance and CO2's two-phase loss are in doubt.
+        EXPECT_FALSE(scheme->findChild<QLabel*>(QStringLiteral("notes"))->text().isEmpty());
+        Snapshot(*scheme, ws.project.EcoFlag == 1 ? "scheme_economizer" : "scheme_co2");
+        scheme->accept();
+        data->accept();
+    }
 }
 
 TEST_F(Screens, PipeAndZetaTables) {

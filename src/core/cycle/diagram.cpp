@@ -293,6 +293,49 @@ TrimValues ReadTrimValues(const DiagramWindow& w) {
 
 // ---------------------------------------------------------------- cycle
 
+namespace {
+
+// The enthalpies of the single-stage cycle that the economizer path keeps.
+struct EconomizerLevels {
+    double hInlet, hEvapOut, hSuction, hVapCond;  // kJ/kg
+    double superheat;                             // K
+};
+
+// The economizer plant of the kernel on the diagram: the low stage from
+// suction to the intermediate level, the side stream's vapour mixed in there,
+// the high stage to the condensing pressure; the liquid subcooled by the
+// economizer before the main valve, the side stream throttled from the
+// condenser outlet to the intermediate level.
+void DrawEconomizerCycle(Workspace& ws, DiagramCycle& c, const EconomizerLevels& e) {
+    CycleState& cs = ws.cycle;
+    const double pm = c.pIntermediate, tm = c.tIntermediateC;
+    const double hLiqCond = cs.hLiqCond, cpLiquid = cs.cpLiquid, kappa = cs.kappa, cpVap = cs.cpVapDischarge;
+    const double tCondC = cs.tCondK - kKelvin;
+    const double m = MassFlow(ws, 0.01, c.q0);  // sets the side stream and the economizer's subcooling
+    const double mEco = cs.ecoMass, hMain = hLiqCond - cpLiquid * cs.ecoSubcooling;
+    int hint = 22;
+    if (!ReadSaturationRows(ws, pm, hint, ByDewPressure)) return;
+    const double hVapMid = InterpolateRows(cs, 5, pm);
+    const double tLow = DischargeTemperature(ws, 10, c.pEvap, pm, c.tSuctionC + kKelvin, kappa) - kKelvin;
+    const double hLowEnd = hVapMid + cpVap * (tLow - tm);
+    const double hMix = (m + mEco) > 0 ? (m * hLowEnd + mEco * hVapMid) / (m + mEco) : hLowEnd;
+    const double t2 = DischargeTemperature(ws, 10, pm, c.pCond, tm + e.superheat + kKelvin, kappa * 1.028);
+    c.tDischargeC = t2 - kKelvin;
+    c.hDischarge = e.hVapCond + cpVap * (c.tDischargeC - tCondC);
+    c.hInlet = hMain;
+    const CyclePoint corners[] = {{hMain, c.pEvap},   {cs.hVapEvap, c.pEvap}, {e.hEvapOut, c.pEvap},
+                                  {e.hSuction, c.pEvap}, {hLowEnd, pm},         {hMix, pm},
+                                  {c.hDischarge, c.pCond}, {e.hVapCond, c.pCond}, {hLiqCond, c.pCond},
+                                  {e.hInlet, c.pCond}, {hMain, c.pCond}};
+    c.corners.clear();
+    for (const CyclePoint& p : corners)
+        if (c.corners.empty() || std::fabs(c.corners.back().h - p.h) > 1e-9 || c.corners.back().p != p.p)
+            c.corners.push_back(p);
+    c.sideStream = {{e.hInlet, c.pCond}, {e.hInlet, pm}, {hVapMid, pm}};
+}
+
+}  // namespace
+
 DiagramCycle ComputeDiagramCycle(Workspace& ws, const TrimValues& tr, bool co2Mode, double pIntermediateRecord,
                                  double q0) {
     DiagramCycle c;
@@ -364,6 +407,10 @@ DiagramCycle ComputeDiagramCycle(Workspace& ws, const TrimValues& tr, bool co2Mo
         if (ReadSaturationRows(ws, c.pIntermediate, hint, ByDewPressure))
             c.tIntermediateC = InterpolateRows(ws.cycle, 2, c.pIntermediate) - kKelvin;
         c.intermediateShown = c.pIntermediate > pEvap && c.pIntermediate < pCond;
+    }
+    if (ws.project.EcoFlag == 1 && c.intermediateShown) {
+        const EconomizerLevels e{hInlet, hEvapOut, hSuction, hVapCond, tr.superheatEvap};
+        DrawEconomizerCycle(ws, c, e);
     }
     c.valid = std::isfinite(pEvap) && std::isfinite(pCond) && pEvap > 0 && pCond > 0;
     return c;
@@ -467,6 +514,11 @@ void DrawCycle(DrawingList& d, const Workspace& ws, const DiagramScales& s, cons
     AddClippedPath(d, path, kFrame, pen);
     for (std::size_t i = 0; i + 1 < path.size(); ++i)
         if (kFrame.Contains(path[i])) d.Ellipse(path[i].x, path[i].y, 2.5, 2.5, {kCycleColour, 1}, kCycleColour);
+    if (c.sideStream.size() >= 2) {
+        std::vector<DrawPoint> side;
+        for (const CyclePoint& p : c.sideStream) side.push_back({s.X(p.h), s.Y(p.p)});
+        AddClippedPath(d, side, kFrame, {kCycleColour, 1});
+    }
     if (c.intermediateShown) {
         DrawPoint a{s.X(c.hInlet), s.Y(c.pIntermediate)}, b{s.X(c.hDischarge), a.y};
         if (ClipSegment(a, b, kFrame)) {

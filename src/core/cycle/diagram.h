@@ -104,6 +104,10 @@ struct DiagramCycle {
     double hInlet = 0, hSuction = 0, hDischarge = 0;  // kJ/kg
     double pIntermediate = 0, tIntermediateC = 0;
     bool intermediateShown = false;       // two-stage plant or an intermediate pressure given
+    // With an economizer: the side stream from the condenser outlet through
+    // its valve to the intermediate level and on to the dew point there; the
+    // corners then run through both stages and the economizer's subcooling.
+    std::vector<CyclePoint> sideStream;
     bool transcritical = false;
     double q0 = 0, power = 0, eer = 0;    // kW, kW, EER cut to 0.01
 };

@@ -1,11 +1,15 @@
 #include "cycle/kernel.h"
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 
+#include "cycle/plausibility.h"
+#include "cycle/run_checks.h"
 #include "cycle/scheme_screen.h"
 #include "lines/line_data.h"
 #include "lines/line_sizing.h"
+#include "lines/pipe_series.h"
 #include "lines/pipe_table.h"
 #include "lines/pressure_drop.h"
 #include "project/project.h"
@@ -53,16 +57,18 @@ void ShowLine(const Workspace& ws, SchemeScreen& s, int section, const LineResul
     if (withVelocity) g.velocity = CutText(r.velocity, 2);
 }
 
-}  // namespace
-
-double CutFigure(double value, int decimals) {
-    if (!std::isfinite(value)) return 0.0;
-    const double f = std::pow(10.0, decimals);
-    const double x = value * f;
-    return std::trunc(x + (x >= 0 ? 1e-6 : -1e-6)) / f;
+// A run that cannot go on: the record is no longer busy, and nothing of it
+// counts as calculated.
+bool StopRun(Workspace& ws) {
+    ws.project.CalcState = 1;
+    ws.cycle.diametersFixed = false;
+    ws.cycle.valid = false;
+    return false;
 }
 
-std::string CutText(double value, int decimals) { return NumberText(CutFigure(value, decimals)); }
+}  // namespace
+
+std::string CutText(double value, int decimals) { return NumberText(Cut(value, decimals)); }
 
 namespace {
 void AnnualFiguresWith(Workspace& ws, SchemeScreen& screen, double P, const EnergyValues& e) {
@@ -70,7 +76,7 @@ void AnnualFiguresWith(Workspace& ws, SchemeScreen& screen, double P, const Ener
     c.annualCost = P * e.runFactorA * e.runFactorC * e.energyPrice * e.runFactorD;
     screen.BetrKo = CutText(c.annualCost, 0);
     // 0.7 kg CO2 for each kWh of electricity.
-    c.co2Tons = CutFigure(P * e.runFactorA * e.runFactorC * 0.7 * e.runFactorD / 1000, 1);
+    c.co2Tons = Cut(P * e.runFactorA * e.runFactorC * 0.7 * e.runFactorD / 1000, 1);
     screen.CO2consum = NumberText(c.co2Tons);
     c.eer = P != 0.0 ? c.Q0 / P : 0.0;
     screen.LeistZ = CutText(c.eer, 2);
@@ -86,14 +92,17 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     CycleState& c = ws.cycle;
     const Captions& cap = ws.captions;
 
-    // 1, 2: the stored sizes of the last run are offered on the first
-    // calculation; a size moved by hand keeps all sizes for this run.
+    // 1, 2: the stored sizes are offered on the first calculation of a
+    // screen opening only; a size moved by hand keeps all sizes for this run.
     if (s.keepSizesOnce) {
         c.diametersFixed = true;
         s.keepSizesOnce = false;
     } else {
         c.lineRow.fill(0);
-        if (mode == FirstCalculation) OfferStoredSizing(ws);
+        if (mode == FirstCalculation && !s.sizingOffered) {
+            s.sizingOffered = true;
+            OfferStoredSizing(ws);
+        }
     }
 
     // 3: the swept volume and the diameters kept by the check boxes.
@@ -140,6 +149,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     // 8: the pipe table of the project.
     if (!EqualsNoCase(ws.pipes.file, p.RohrDatei) || ws.pipes.PipeRowCount == 0) LoadPipeTable(ws, p.RohrDatei);
     for (int i = 1; i <= 8; ++i) s.lines[static_cast<std::size_t>(i)].maxRow = ws.pipes.PipeRowCount;
+    if (!PipeTableUsable(ws)) return StopRun(ws);
 
     // The gas cooler pressure of a transcritical CO2 plant, where the
     // project gives one; else the state points take 95 bar.
@@ -219,7 +229,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
             const double withEco = MassFlow(ws, c.massFlow, c.Q0);
             const double ratio = withEco != 0.0 ? (massPerHour / 3600) / withEco : 1.0;
             c.massFlow = withEco;
-            c.Q0 = CutFigure(c.Q0 * (eco ? ratio : 1.0), c.Q0 > 100 ? 1 : 2);
+            c.Q0 = Cut(c.Q0 * (eco ? ratio : 1.0), c.Q0 > 100 ? 1 : 2);
             Qh = c.Q0 + c.pShaft;
             s.Q0 = NumberText(c.Q0);
             if (mode != AnnualHour) s.Qh = CutText(Qh, 2);
@@ -268,6 +278,9 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
                                                c.dpdtEvap, c.pEvap);
         StoreLineResult(c, Suction, suc);
         ShowLine(ws, s, Suction, suc, run[Suction].length, true, true);
+        // An hour of the year without sound figures goes to the heater (the
+        // annual run checks them); any other run stops here.
+        if (mode != AnnualHour && !SuctionLossBearable(ws, suc.sized ? suc.lossMbar : 0.0)) return StopRun(ws);
         if (suc.sized) {
             c.dpSuction = suc.lossMbar;
             c.rhoAfterDrop = suc.rhoAfterDrop > 0 ? suc.rhoAfterDrop
@@ -411,15 +424,16 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     // 23, 25, 26: figures of merit and the power.
     c.Qh = mode == AnnualHour ? c.Qh : Qh;
     AnnualFiguresWith(ws, s, c.pShaft, energy);
+    if (mode != AnnualHour && !ResultsFinite(ws)) return StopRun(ws);
     const int shaftDecimals = c.pShaft > 1000 ? 0 : c.pShaft > 100 ? 1 : 2;
     s.ElLeistVD_l = "Qel=" + CutText(c.pShaft, shaftDecimals) + " kW";
     const int decimals = (c.Q0 + c.pShaft) > 1000 ? 0 : (c.Q0 + c.pShaft) > 100 ? 1 : 2;
     s.Q0 = CutText(c.Q0, decimals);
 
-    // The sizes of this run for the next opening.
-    if (mode == Recalculate || mode == FirstCalculation) WriteLineSizes(ws, CurrentLineSizes(c));
+    const std::vector<int> belowPressure = MarkPipePressure(ws, mode == FirstCalculation);
     for (int i = 1; i <= 8; ++i) {
         LineGroup& g = s.lines[static_cast<std::size_t>(i)];
+        g.diameterRed = std::find(belowPressure.begin(), belowPressure.end(), i) != belowPressure.end();
         g.lossRed = c.lineLossRed[static_cast<std::size_t>(i)];
         g.velocityRed = c.lineVelocityRed[static_cast<std::size_t>(i)];
         g.minLoadRed = c.lineOilRed[static_cast<std::size_t>(i)];
@@ -432,6 +446,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     p.CalcState = 1;
     c.diametersFixed = false;
     c.valid = true;
+    s.notes = PlausibilityNotes(ws);
     return true;
 }
 

@@ -5,6 +5,7 @@
 #include "cycle/kernel.h"
 #include "lines/line_data.h"
 #include "lines/line_sizing.h"
+#include "lines/pipe_series.h"
 #include "lines/pipe_table.h"
 #include "project/project.h"
 #include "refrigerant/registry.h"
@@ -31,13 +32,6 @@ void LimitMessage(Workspace& ws, const char* which, double limit) {
 
 void OrderMessage(Workspace& ws) { ws.ui.Message(ws.Title(), ws.captions.Message(55), MessageIcon::Error); }
 
-std::string PipeFileOf(const Workspace& ws, const std::string& text) {
-    const Captions& c = ws.captions;
-    if (text == c[Cap::PipeWord] + " SI") return "RohrDM.DAT";
-    if (text == c[Cap::PipeWord] + " INCH") return "RohrIN.DAT";
-    if (text == c[Cap::PipeSteel]) return "RohrDS.DAT";
-    return {};
-}
 
 }  // namespace
 
@@ -52,11 +46,8 @@ void OpenSchemeScreen(Workspace& ws, SchemeScreen& s) {
     s.Hubconstant = Num(p.KompHub) > 0 && Trim(p.Leistung).empty();
     s.savedKompHub = s.Hubconstant ? Num(p.KompHub) : 0.0;
     s.EcoCheck = p.EcoFlag == 1;
-    const std::string pipe = UpperAscii(Trim(p.RohrDatei));
-    const Captions& c = ws.captions;
-    s.RLcombo = pipe == "ROHRIN.DAT" ? c[Cap::PipeWord] + " INCH"
-                : pipe == "ROHRDS.DAT" ? c[Cap::PipeSteel]
-                                       : c[Cap::PipeWord] + " SI";
+    s.sizingOffered = false;
+    s.RLcombo = PipeSeriesText(ws, p.RohrDatei);
     LoadPipeTable(ws, p.RohrDatei);
     const LineData lines = ReadLineData(ws);
     for (int i = 1; i <= 8; ++i) {
@@ -122,17 +113,27 @@ bool CalculateButton(Workspace& ws, SchemeScreen& s) {
 }
 
 double TemperatureOfPressure(Workspace& ws, double pBar) {
-    int rows = 0;
     CycleState& c = ws.cycle;
-    if (!ReadSaturationRows(ws, pBar, rows, ByDewPressure)) return 0.0;
-    // The table steps by 5 K: the row fraction times 5 is the way from the
-    // lower row's temperature, which the swapped column holds.
-    double t = (c.lowRow.pDew - 273.15) + RowFraction(c, pBar) * 5;
-    if (c.lowRow.t != c.lowRow.pBubble) {
-        ReadSaturationRows(ws, pBar, rows, ByBubblePressure);
-        const double tBubble = (c.lowRow.pBubble - 273.15) + RowFraction(c, pBar) * 5;
-        t = (t + tBubble) / 2;
-    }
+    const SaturationTable* table = ProjectSaturationTable(ws);
+    if (!table || table->rows.empty()) return 0.0;
+    const SatRow& first = table->rows.front();
+    const SatRow& last = table->rows.back();
+    // The saturation temperature of a pressure in one pressure column. A
+    // pressure beyond the table's last row has no row pair above it: it reads
+    // as the last row's temperature (and below the first row as the first
+    // row's), never as a pair left over from an earlier look-up.
+    auto temperatureIn = [&](int mode, double first_p, double last_p) {
+        if (pBar >= last_p) return last.t - 273.15;
+        if (pBar <= first_p) return first.t - 273.15;
+        c.highFound = false;
+        ScanSaturationRows(*table, pBar, mode, c);
+        // The table steps by 5 K: the row fraction times 5 is the way from
+        // the lower row's temperature, which the swapped column holds.
+        const double lowT = mode == ByDewPressure ? c.lowRow.pDew : c.lowRow.pBubble;
+        return (lowT - 273.15) + RowFraction(c, pBar) * 5;
+    };
+    double t = temperatureIn(ByDewPressure, first.pDew, last.pDew);
+    if (first.pDew != first.pBubble) t = (t + temperatureIn(ByBubblePressure, first.pBubble, last.pBubble)) / 2;
     return t;
 }
 
@@ -171,7 +172,7 @@ void ChangePipeStandard(Workspace& ws, SchemeScreen& s, const std::string& text)
     const double tc = Num(s.Tc);
     if (!(tc > Num(s.t0))) OrderMessage(ws);
     else if (tc > p.tmax) LimitMessage(ws, "tmax = ", p.tmax);
-    const std::string file = PipeFileOf(ws, text);
+    const std::string file = PipeSeriesFile(ws, text);
     if (file.empty()) return;
     s.RLcombo = text;
     p.RohrDatei = file;

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace kv {
 
@@ -17,6 +18,7 @@ struct LineGroup {
     int maxRow = 0;  // number of sizes of the table
     std::string diameter, length, lossMbar, lossK, velocity, minLoad;
     bool lossRed = false, velocityRed = false, minLoadRed = false;
+    bool diameterRed = false;  // the size is rated below the plant's pressure on its side
 };
 
 struct SchemeScreen {
@@ -40,19 +42,18 @@ struct SchemeScreen {
     std::string LeistZ, COP_Heiz, Eta_heiz, BetrKo, CO2consum, Zuheiz;
     std::string ECOWTPN;            // heat of the economizer, kW
     std::string tIntermediate, pIntermediate;
+    std::vector<std::string> notes;  // doubts on the figures (cycle/plausibility.h), shown in red
 
     // Line groups by line section 1..8 (injection .. economizer suction).
     std::array<LineGroup, 9> lines{};
 
     double savedKompHub = 0.0;  // m³/h, the swept volume kept by Hubconstant
     bool keepSizesOnce = false; // the next run keeps every line's size (a scrollbar moved)
+    bool sizingOffered = false; // the stored line sizes were offered in this opening
     bool guard = false;         // set while code writes fields
 };
 
-// Figures are cut, not rounded: `decimals` places, the integer part of
-// value x 10^decimals. A guard of a millionth of the last place keeps binary
-// noise (0.29 x 100 = 28.999...) from taking a digit away.
-double CutFigure(double value, int decimals);
+// A figure cut to `decimals` places (kv::Cut) as text.
 std::string CutText(double value, int decimals);
 // The " °C" suffix of the temperature labels.
 inline constexpr const char* kDegreeSuffix = " \u00b0C";

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "cycle/kernel.h"
+#include "cycle/plausibility.h"
 #include "cycle/scheme_screen.h"
 #include "energy/annual_profile.h"
 #include "project/project.h"
@@ -137,6 +138,7 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
     RecordWriter out;
     bool failed = false;
     double copMax = 0.0, copMin = 0.0;
+    double hoursAboveCarnot = 0.0;
     bool anyCop = false;
     for (int month = 1; month <= 12 && !failed; ++month) {
         // The month row.
@@ -180,7 +182,7 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
                     failed = true;
                     break;
                 }
-                QPlant = CutFigure(c.Q0 + c.pShaft, 2);
+                QPlant = Cut(c.Q0 + c.pShaft, 2);
                 cop = c.cop;
                 if (!std::isfinite(QPlant) || !std::isfinite(cop) || !(cop > 0) || !(QPlant > 0)) {
                     QPlant = cop = 0.0;
@@ -194,6 +196,7 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
             result.heatDemand += days * Q;
             result.heatingHours += days;
             if (cop > 0) {
+                if (AboveCarnot(c)) hoursAboveCarnot += days;
                 copMax = anyCop ? std::max(copMax, cop) : cop;
                 copMin = anyCop ? std::min(copMin, cop) : cop;
                 anyCop = true;
@@ -227,6 +230,7 @@ SeasonalResult RechKern(Workspace& ws, SchemeScreen& s, const SeasonProgress& pr
     result.heatingHours = heatingHours;
     result.copMax = copMax;
     result.copMin = copMin;
+    result.hoursAboveCarnot = hoursAboveCarnot;
     result.ran = written;
 
     // The design point again, then the seasonal figures in the panel.

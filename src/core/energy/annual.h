@@ -69,6 +69,7 @@ struct SeasonalResult {
     double heatDemand = 0.0;     // heat the building takes in the year, kWh
     double heatingHours = 0.0;   // hours of the year with a heat demand
     double copMax = 0.0, copMin = 0.0;  // over the hours with a demand
+    double hoursAboveCarnot = 0.0;      // hours whose EER the model puts above Carnot
 };
 
 // The summary figures from the accumulators; `energyPrice` per kWh.

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "lines/pipe_series.h"
+#include "project/box_meaning.h"
 #include "refrigerant/registry.h"
 #include "shell/files.h"
 #include "shell/numbers.h"
@@ -56,21 +58,13 @@ bool ArmaturCellEnterable(int col, int row) {
 void FillBoxes(Workspace& ws, DataScreen& s) {
     const Captions& c = ws.captions;
     s.kaelteList = RefrigerantListForProject();
-    const std::string open = c[Cap::CompressorDriveFirst], semi = c[Cap::CompressorDriveSecond],
-                      herm = c[Cap::CompressorDriveThird];
-    const std::string recip = c[Cap::CompressorKindFirst], screw = c[Cap::CompressorKindSecond],
-                      scroll = c[Cap::CompressorKindThird];
-    s.combo1List = {open + " - " + recip, open + " - " + screw,   semi + " - " + recip, semi + " - " + screw,
-                    herm + " - " + recip, herm + " - " + scroll, herm + " - " + screw,
-                    c[Cap::CompressorRollingPiston], c[Cap::CompressorTurbo]};
+    s.combo1List = CompressorBoxList(c);
     s.valenzList = {"Monovalent", "Bivalent"};
     s.rgList = {c[EsimWord::CtrlOnOff],          c[EsimWord::CtrlInverter],   c[EsimWord::CtrlInverterBaseLoad],
                 c[EsimWord::CtrlCylinderUnloading], c[EsimWord::CtrlSlideValve], c[EsimWord::CtrlDigitalScroll],
                 c[EsimWord::CtrlHotGasBypass]};
-    s.rlList = {c[Cap::PipeWord] + " SI", c[Cap::PipeWord] + " INCH", c[Cap::PipeSteel]};
-    const std::string valve = c[EsimWord::ValveWord];
-    s.exvList = {valve + " " + c[EsimWord::ValveThermostatic], valve + " " + c[EsimWord::ValveThermostaticMop],
-                 valve + " " + c[EsimWord::ValveElectronicPulse], valve + " " + c[EsimWord::ValveElectronicStepper]};
+    s.rlList = PipeSeriesList(ws);
+    s.exvList = ValveBoxList(c);
     s.abtauList = {c[Cap::DefrostHotGas], c[Cap::DefrostReverse], c[Cap::DefrostElectric]};
     s.mediaList = {"A", "B", "W"};
     s.countryList.clear();
@@ -146,10 +140,7 @@ void OpenDataScreen(Workspace& ws, DataScreen& s) {
         s.defrostLabels = 1;
     }
 
-    const std::string pipe = UpperAscii(Trim(p.RohrDatei));
-    if (pipe == "ROHRDM.DAT") s.RLcombo = ListAt(s.rlList, 0);
-    else if (pipe == "ROHRIN.DAT") s.RLcombo = ListAt(s.rlList, 1);
-    else if (pipe == "ROHRDS.DAT") s.RLcombo = ListAt(s.rlList, 2);
+    s.RLcombo = PipeSeriesText(ws, p.RohrDatei);
 }
 
 bool ChooseRefrigerant(Workspace& ws, DataScreen& s) {
@@ -363,6 +354,7 @@ bool StartCalculation(Workspace& ws, DataScreen& s, InputCheck* check) {
     p.PartLoadPercent = Num(p.TeilL);
     p.PairText = BuildPairText(s.Combo2, p.doelL, s.Combo3, p.DKondL);
 
+    p.ExVCombo = BoxTextInCurrentLanguage(ws, BoxKind::Valve, p.ExVCombo);
     p.ExVArt = 17;
     static constexpr int kValveKinds[4] = {17, 417, 418, 419};
     for (std::size_t i = 0; i < 4; ++i)
@@ -384,6 +376,7 @@ bool StartCalculation(Workspace& ws, DataScreen& s, InputCheck* check) {
 
     // The compressor box: drive before the first hyphen, principle after it.
     const Captions& c = ws.captions;
+    p.Combo1 = BoxTextInCurrentLanguage(ws, BoxKind::Compressor, p.Combo1);
     const auto hyphen = p.Combo1.find('-');
     const std::string left(Trim(std::string_view(p.Combo1).substr(0, hyphen)));
     const std::string right = hyphen == std::string::npos ? "" : std::string(Trim(std::string_view(p.Combo1).substr(hyphen + 1)));
@@ -395,9 +388,7 @@ bool StartCalculation(Workspace& ws, DataScreen& s, InputCheck* check) {
     else if (right == c[Cap::CompressorKindThird]) p.KondArt = 3;
     else p.KondArt = 1;
 
-    if (s.RLcombo == ListAt(s.rlList, 0)) p.RohrDatei = "RohrDM.DAT";
-    else if (s.RLcombo == ListAt(s.rlList, 1)) p.RohrDatei = "RohrIN.DAT";
-    else if (s.RLcombo == ListAt(s.rlList, 2)) p.RohrDatei = "RohrDS.DAT";
+    if (const std::string pipe = PipeSeriesFile(ws, s.RLcombo); !pipe.empty()) p.RohrDatei = pipe;
 
     for (const char* f : {"ergDt1.DAT", "ergDt2.DAT", "ergDt3.DAT"}) OpenOut(ws, f).Close();
     DeleteFile(ws, "Verdpark.dat");

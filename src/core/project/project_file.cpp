@@ -2,6 +2,7 @@
 
 #include <system_error>
 
+#include "project/box_meaning.h"
 #include "project/project.h"
 #include "shell/files.h"
 #include "shell/numbers.h"
@@ -218,6 +219,7 @@ bool LoadProject(Workspace& ws, std::string& plantType, const std::string& fileP
         const std::string secondDrive = c[Cap::CompressorDriveSecond];
         if (Trim(p.Combo1).empty() || p.Combo1 == firstKind) p.Combo1 = secondDrive + " - " + firstKind;
         else if (p.Combo1 == secondKind) p.Combo1 = secondDrive + " - " + secondKind;
+        p.Combo1 = BoxTextInCurrentLanguage(ws, BoxKind::Compressor, p.Combo1);
 
         // Grid cells. A read past the end leaves the cell as it was.
         auto cell = [&in](std::string& target, int rule) {
@@ -289,6 +291,7 @@ bool LoadProject(Workspace& ws, std::string& plantType, const std::string& fileP
         }
         if (Trim(p.ElStandard).empty()) p.ElStandard = ElStandardText(ws, plantType, 1);
         in.Read(p.ExVCombo);
+        p.ExVCombo = BoxTextInCurrentLanguage(ws, BoxKind::Valve, p.ExVCombo);
         in.Read(p.P_mittel);
         in.Read(p.P_gasK);
         cell(A.Cell(15, 1), 0);

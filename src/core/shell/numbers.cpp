@@ -1,6 +1,7 @@
 #include "shell/numbers.h"
 
 #include <charconv>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -165,8 +166,13 @@ long long RoundHalfEven(double value) {
 }
 
 double Cut(double value, int decimals) {
+    if (!std::isfinite(value)) return 0.0;
     const double f = std::pow(10.0, decimals);
-    return std::trunc(value * f) / f;
+    const double x = value * f;
+    // 0.29 * 100 is 28.999999999999996 in binary: a guard far below the last
+    // place shown keeps such a figure from losing its last digit.
+    const double guard = std::max(1e-6, std::fabs(x) * 1e-12);
+    return std::trunc(x + (x >= 0 ? guard : -guard)) / f;
 }
 
 }  // namespace kv

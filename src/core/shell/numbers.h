@@ -54,7 +54,9 @@ std::string StrNumber(double value);
 long long RoundHalfEven(double value);
 
 // Figures are cut, not rounded: keep `decimals` places by multiplying, taking
-// the integer part and dividing.
+// the integer part and dividing. A guard below the last place shown takes
+// out the binary noise of the multiplication; a figure that is not finite
+// gives 0.
 double Cut(double value, int decimals);
 
 // Trimming helpers shared by the text routines.
