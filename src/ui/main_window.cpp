@@ -17,6 +17,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "catalogue/matchcode.h"
 #include "project/project_file.h"
 #include "shell/captions.h"
 #include "shell/numbers.h"
@@ -205,6 +206,11 @@ void MainWindow::showEvent(QShowEvent* event) {
 
 void MainWindow::AfterFirstShow() {
     FillCaptions();
+    if (kv::MatchcodeNeeded(ws_)) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        kv::BuildMatchcode(ws_);
+        QApplication::restoreOverrideCursor();
+    }
     if (kv::IsPlainStart(ws_)) {
         auto* welcome = new WelcomeDialog(ws_, this);
         welcome->setAttribute(Qt::WA_DeleteOnClose);
