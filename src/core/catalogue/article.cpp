@@ -114,6 +114,12 @@ std::string AnsiToOem(std::string_view utf8) {
     return out;
 }
 
+std::string ListText(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();)
+        if (NextCodePoint(text, at) == 0xFFFD) return OemToAnsi(text);
+    return std::string(text);
+}
+
 std::string DecodeText(std::string_view record) { return OemToAnsi(DropPadding(record)); }
 
 }  // namespace kv

@@ -64,6 +64,10 @@ bool EndsSeries(const Article& article);
 // the text again. Characters the code page cannot hold become "?".
 std::string AnsiToOem(std::string_view utf8);
 
+// A text of a list file as UTF-8: valid UTF-8 stands, anything else was
+// written by the old program and is read through OemToAnsi.
+std::string ListText(std::string_view text);
+
 // A text record of the catalogue files as UTF-8, padding blanks and NULs
 // dropped at the end.
 std::string DecodeText(std::string_view record);

@@ -142,7 +142,7 @@ std::vector<InstalledCatalogue> ReadCatalogueList(const Workspace& ws) {
         in.Read(title);
         const std::string_view f = Trim(file);
         if (f.empty()) continue;
-        list.push_back({std::string(f), std::string(f.substr(0, 7)), title});
+        list.push_back({ListText(f), ListText(f.substr(0, 7)), ListText(title)});
     }
     return list;
 }
