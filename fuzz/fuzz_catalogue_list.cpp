@@ -1,0 +1,36 @@
+// Drives katalg.lst and the Matchcode build with arbitrary bytes as the list
+// and as one catalogue's series file; then reads an index back.
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+
+#include "catalogue/catalogue.h"
+#include "catalogue/matchcode.h"
+#include "shell/files.h"
+#include "shell/workspace.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    namespace fs = std::filesystem;
+    static const fs::path dir = fs::temp_directory_path() / ("kv_fuzz_lst_" + std::to_string(getpid()));
+    static kv::Workspace ws = [] {
+        kv::Workspace w;
+        fs::create_directories(dir);
+        w.project.DatenVerz = dir.string();
+        return w;
+    }();
+    const std::string bytes(reinterpret_cast<const char*>(data), size);
+    kv::WriteFileAtomic(dir / "katalg.lst", bytes + "\r\n\"FUZZCKPN.rdm\",\"fuzz\"\r\n");
+    kv::WriteFileAtomic(dir / "FUZZCKPI.rdm", bytes);
+    kv::WriteFileAtomic(dir / "Prodhide.dat", bytes);
+    kv::BuildMatchcode(ws);
+    for (int slot = 1; slot <= kv::kSlotCount; ++slot)
+        for (const kv::SeriesEntry& e : kv::LookupSeries(ws, kv::SlotCode(slot), 'I')) {
+            std::string title, base;
+            kv::SplitCell(e.Cell(), title, base);
+        }
+    (void)kv::CompressorList(ws, "R404A");
+    fs::remove(dir / "R404A.LST");
+    return 0;
+}
