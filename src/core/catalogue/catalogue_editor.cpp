@@ -94,8 +94,26 @@ bool AddToList(const Workspace& ws, std::string_view base, std::string_view titl
 
 }  // namespace
 
+Cap GroupCaption(int code) {
+    static constexpr Cap kByGroup[] = {
+        Cap::KindEvapPressureRegulator, Cap::KindShutOffValve, Cap::KindExpansionValve, Cap::KindFilterDrier,
+        Cap::KindSightGlass, Cap::KindSolenoidValve, Cap::KindBallValve, Cap::KindCheckValve,
+        Cap::KindSuctionLiquidHx, Cap::KindOilSeparator, Cap::KindHotGasBypassValve, Cap::KindCompressor,
+        Cap::KindEvaporator, Cap::KindCondenser, Cap::KindSuctionFilter, Cap::KindVibrationAbsorber,
+        Cap::KindReceiver, Cap::KindCondPressureRegulator};
+    const int group = code / kGroupRecords;
+    return code >= 0 && code % kGroupRecords == 0 && group < kSlotCount ? kByGroup[group] : Cap::TitleLine_;
+}
+
+Cap KindCaption(int kind) {
+    static constexpr Cap kByKind[] = {Cap::CatKindGeneral,     Cap::CatKindExpansionValves, Cap::CatKindCompressors,
+                                      Cap::CatKindEvaporators, Cap::CatKindCondensers,      Cap::CatKindBrine,
+                                      Cap::CatKindBrineCoolers, Cap::CatKindSolenoidValves};
+    return kind >= 0 && kind <= SolenoidValves ? kByKind[kind] : Cap::CatKindGeneral;
+}
+
 int FieldOfColumn(int column) {
-    if (column >= 19 && column <= kEditorColumns) return column + 1;
+    if (column >= 19 && column <= kCatalogueColumns) return column + 1;
     for (std::size_t f = 0; f < kColumnOfField.size(); ++f)
         if (kColumnOfField[f] == column) return static_cast<int>(f) + 1;
     return 0;
@@ -103,7 +121,7 @@ int FieldOfColumn(int column) {
 
 std::vector<std::string> EditorHeadings(const Workspace& ws, int kind, int position) {
     const Captions& c = ws.captions;
-    std::vector<std::string> h(kEditorColumns);
+    std::vector<std::string> h(kCatalogueColumns);
     h[0] = c[Cap::TypeDesignation];
     h[1] = c[Cap::OrderNumber];
     h[2] = c[Cap::Description];

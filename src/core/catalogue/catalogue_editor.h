@@ -14,12 +14,18 @@
 #include "catalogue/article.h"
 #include "catalogue/catalogue.h"
 #include "catalogue/matchcode.h"
+#include "shell/captions.h"
 
 namespace kv {
 
 struct Workspace;
 
-inline constexpr int kEditorColumns = 38;
+inline constexpr int kCatalogueColumns = 38;
+
+// The caption of a group by its code, the component kind it serves.
+Cap GroupCaption(int code);
+// The caption of a catalogue kind 0 to 7.
+Cap KindCaption(int kind);
 
 // The record field a grid column 1 to 38 shows; 0 for none.
 int FieldOfColumn(int column);
