@@ -4,22 +4,15 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <unistd.h>
 
 #include "catalogue/catalogue.h"
 #include "catalogue/matchcode.h"
 #include "shell/files.h"
-#include "shell/workspace.h"
+#include "fuzz_catalogue_workspace.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    namespace fs = std::filesystem;
-    static const fs::path dir = fs::temp_directory_path() / ("kv_fuzz_lst_" + std::to_string(getpid()));
-    static kv::Workspace ws = [] {
-        kv::Workspace w;
-        fs::create_directories(dir);
-        w.project.DatenVerz = dir.string();
-        return w;
-    }();
+    static kv::Workspace& ws = FuzzCatalogueWorkspace("kv_fuzz_lst_");
+    const std::filesystem::path dir = ws.DataDir();
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     kv::WriteFileAtomic(dir / "katalg.lst", bytes + "\r\n\"FUZZCKPN.rdm\",\"fuzz\"\r\n");
     kv::WriteFileAtomic(dir / "FUZZCKPI.rdm", bytes);
@@ -31,6 +24,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
             kv::SplitCell(e.Cell(), title, base);
         }
     (void)kv::CompressorList(ws, "R404A");
-    fs::remove(dir / "R404A.LST");
+    std::filesystem::remove(dir / "R404A.LST");
     return 0;
 }

@@ -4,21 +4,14 @@
 #include <cstdint>
 #include <filesystem>
 #include <string>
-#include <unistd.h>
 
 #include "catalogue/catalogue.h"
 #include "shell/files.h"
-#include "shell/workspace.h"
+#include "fuzz_catalogue_workspace.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    namespace fs = std::filesystem;
-    static const fs::path dir = fs::temp_directory_path() / ("kv_fuzz_cat_" + std::to_string(getpid()));
-    static kv::Workspace ws = [] {
-        kv::Workspace w;
-        fs::create_directories(dir);
-        w.project.DatenVerz = dir.string();
-        return w;
-    }();
+    static kv::Workspace& ws = FuzzCatalogueWorkspace("kv_fuzz_cat_");
+    const std::filesystem::path dir = ws.DataDir();
     const std::string bytes(reinterpret_cast<const char*>(data), size);
     const int position = size > 0 ? static_cast<int>(data[0]) * 4 + 2 : 2;
     kv::WriteFileAtomic(dir / "FUZZCKPN.rdm", bytes);

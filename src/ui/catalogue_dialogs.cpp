@@ -98,9 +98,7 @@ CatalogueEditorDialog::CatalogueEditorDialog(kv::Workspace& ws, QWidget* parent)
         const int slot = editor_.slot;
         kv::OpenCatalogueEditor(ws_, editor_);
         if (!base.empty() && kv::SelectCatalogue(ws_, editor_, base)) kv::SelectGroup(ws_, editor_, slot);
-        FillCatalogues();
-        FillGroups();
-        FillGrid();
+        FillAll();
     });
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     for (QPushButton* b : {insert, remove, save, blank, copy, hide, index, manage}) actions->addWidget(b);
@@ -114,6 +112,10 @@ CatalogueEditorDialog::CatalogueEditorDialog(kv::Workspace& ws, QWidget* parent)
     resize(1100, 700);
 
     kv::OpenCatalogueEditor(ws_, editor_);
+    FillAll();
+}
+
+void CatalogueEditorDialog::FillAll() {
     FillCatalogues();
     FillGroups();
     FillGrid();
@@ -160,9 +162,7 @@ void CatalogueEditorDialog::ShowCatalogue(const std::string& base) {
     SaveIfChanged();
     const int slot = editor_.slot > 0 ? editor_.slot : 1;
     if (kv::SelectCatalogue(ws_, editor_, base)) kv::SelectGroup(ws_, editor_, slot);
-    FillCatalogues();
-    FillGroups();
-    FillGrid();
+    FillAll();
 }
 
 void CatalogueEditorDialog::ShowGroup(int slot) {
@@ -186,18 +186,14 @@ bool CatalogueEditorDialog::Save() {
 bool CatalogueEditorDialog::Copy(const std::string& base, const std::string& title) {
     SaveIfChanged();
     const bool ok = kv::CopyCatalogue(ws_, editor_, base, title);
-    FillCatalogues();
-    FillGroups();
-    FillGrid();
+    FillAll();
     return ok;
 }
 
 bool CatalogueEditorDialog::CreateBlank(const std::string& base, const std::string& title) {
     SaveIfChanged();
     const bool ok = kv::NewCatalogue(ws_, editor_, base, title);
-    FillCatalogues();
-    FillGroups();
-    FillGrid();
+    FillAll();
     return ok;
 }
 

@@ -33,6 +33,7 @@ protected:
     void done(int result) override;
 
 private:
+    void FillAll();
     void FillCatalogues();
     void FillGroups();
     void FillGrid();
