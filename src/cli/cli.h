@@ -69,5 +69,9 @@ int CmdDp(const Options& o);
 int CmdDiagram(const Options& o);
 // The seasonal performance of a heat pump over the typical year.
 int CmdAnnual(const Options& o);
+// The installed catalogues, the series of a group, the Matchcode rebuild.
+int CmdCatalogues(const Options& o);
+int CmdCatalogue(const Options& o);
+int CmdMatchcode(const Options& o);
 
 }  // namespace kvcli

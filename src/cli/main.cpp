@@ -43,6 +43,9 @@ Commands:
                                the h,log p diagram of a fluid at two temperatures
   annual PROJECT.prj           seasonal performance of a heat pump over the typical year
                                (sCOP, ETAs,h, cost, CO2, supplementary heat); writes ERG_HEAT.DAT
+  catalogues                   the installed catalogues: base, title, kind
+  catalogue BASE --group CODE  the series of a catalogue's group with their articles
+  matchcode                    rebuilds the catalogue index files (progress on standard error)
   help                         this text
 
 Options:
@@ -162,6 +165,7 @@ int main(int argc, char** argv) {
             else if (key == "data-dir") o.dataDir = value;
             else if (key == "drive" || key == "principle") o.values[key] = value;
             else if (key == "out" || key == "fluid" || key == "t0" || key == "tc") o.values[key] = value;
+            else if (key == "group") o.values[key] = value;
             else if (key == "di" || key == "length" || key == "m" || key == "rho" || key == "eta" || key == "zeta" ||
                      key == "height" || key == "rho-liquid" || key == "rho-vapour" || key == "eta-vapour" ||
                      key == "eta-liquid" || key == "x")
@@ -184,6 +188,9 @@ int main(int argc, char** argv) {
     if (cmd == "dp") return CmdDp(o);
     if (cmd == "diagram") return CmdDiagram(o);
     if (cmd == "annual") return CmdAnnual(o);
+    if (cmd == "catalogues") return CmdCatalogues(o);
+    if (cmd == "catalogue") return CmdCatalogue(o);
+    if (cmd == "matchcode") return CmdMatchcode(o);
     std::cerr << "kelvaris-cli: unknown command " << cmd << "\n" << kUsage;
     return 2;
 }

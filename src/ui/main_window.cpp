@@ -17,12 +17,14 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "catalogue/matchcode.h"
 #include "project/project_file.h"
 #include "shell/captions.h"
 #include "shell/numbers.h"
 #include "shell/settings.h"
 #include "shell/startup.h"
 #include "shell/workspace.h"
+#include "ui/catalogue_dialogs.h"
 #include "ui/defaults_dialog.h"
 #include "ui/diagram_dialog.h"
 #include "ui/help_dialog.h"
@@ -78,6 +80,7 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     pipes_ = MenuButton("PipeData");
     zeta_ = MenuButton("ZetaValues");
     defaults_ = MenuButton("Defaults");
+    catalogue_ = MenuButton("Catalogue");
     help_ = MenuButton("Help");
     info_ = MenuButton("Information");
     printSetup_ = MenuButton("PrintSetup");
@@ -86,7 +89,7 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     menu->addStretch(1);
     auto* data = new QVBoxLayout;
     data->setSpacing(8);
-    for (QPushButton* b : {defaults_, pipes_, zeta_, help_, info_, printSetup_}) data->addWidget(b);
+    for (QPushButton* b : {defaults_, catalogue_, pipes_, zeta_, help_, info_, printSetup_}) data->addWidget(b);
     data->addSpacing(12);
     data->addWidget(end_);
     data->addStretch(1);
@@ -143,6 +146,7 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     connect(delete_, &QPushButton::clicked, this, &MainWindow::DeleteProjectAction);
     connect(pipes_, &QPushButton::clicked, this, &MainWindow::OpenPipeTables);
     connect(zeta_, &QPushButton::clicked, this, &MainWindow::OpenZetaValues);
+    connect(catalogue_, &QPushButton::clicked, this, &MainWindow::OpenCatalogueEditor);
     connect(defaults_, &QPushButton::clicked, this, &MainWindow::OpenDefaults);
     connect(help_, &QPushButton::clicked, this, &MainWindow::ShowHelp);
     connect(info_, &QPushButton::clicked, this, &MainWindow::ShowInformation);
@@ -172,6 +176,7 @@ void MainWindow::FillCaptions() {
     delete_->setText(Q(c[kv::Cap::MenuDeleteProject]));
     pipes_->setText(Q(c[kv::Cap::MenuPipeData]));
     zeta_->setText(Q(c[kv::Cap::MenuZetaValues]));
+    catalogue_->setText(Q(c[kv::Cap::MenuCatalogue]));
     defaults_->setText(Q(c[kv::Cap::MenuDefaults]));
     const kv::Cap programWords[] = {kv::Cap::MenuDrawing, kv::Cap::MenuPartsProgram, kv::Cap::MenuHeatExchanger,
                                     kv::Cap::MenuColdRoom, kv::Cap::MenuAirConditioning};
@@ -205,6 +210,11 @@ void MainWindow::showEvent(QShowEvent* event) {
 
 void MainWindow::AfterFirstShow() {
     FillCaptions();
+    if (kv::MatchcodeNeeded(ws_)) {
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+        kv::BuildMatchcode(ws_);
+        QApplication::restoreOverrideCursor();
+    }
     if (kv::IsPlainStart(ws_)) {
         auto* welcome = new WelcomeDialog(ws_, this);
         welcome->setAttribute(Qt::WA_DeleteOnClose);
@@ -292,6 +302,8 @@ void MainWindow::OpenPipeTables() { OpenScreen(new PipeTableDialog(ws_, this)); 
 
 void MainWindow::OpenZetaValues() { OpenScreen(new ZetaDialog(ws_, this)); }
 
+void MainWindow::OpenCatalogueEditor() { OpenScreen(new CatalogueEditorDialog(ws_, this)); }
+
 void MainWindow::OpenDefaults() {
     // The defaults screen is opened with the option mark set.
     ws_.optionMark = 1;
@@ -315,7 +327,8 @@ void MainWindow::ActOnStatusWord() {
             OpenProjectData();
             break;
         }
-        default: break;  // the catalogue editor and the parts lists come with their screens
+        case kv::StartAction::CatalogueEditor: OpenCatalogueEditor(); break;
+        default: break;  // the parts lists come with their screen
     }
 }
 

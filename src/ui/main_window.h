@@ -33,6 +33,7 @@ public:
     void OpenPipeTables();
     void OpenZetaValues();
     void OpenDefaults();
+    void OpenCatalogueEditor();
     // Acts on the status word of the exchange file once the window shows.
     void ActOnStatusWord();
 
@@ -64,6 +65,7 @@ private:
     QPushButton* pipes_ = nullptr;
     QPushButton* zeta_ = nullptr;
     QPushButton* defaults_ = nullptr;
+    QPushButton* catalogue_ = nullptr;
     std::vector<std::pair<QPushButton*, int>> programs_;  // buttons of the other programs of the family
     QPushButton* help_ = nullptr;
     QPushButton* info_ = nullptr;
