@@ -59,8 +59,9 @@ TEST_F(DataScreenTest, CheckInputRulesAndTheirOrder) {
     ASSERT_EQ(Check().size(), 2u);  // both capacity messages
     EXPECT_EQ(check.messages[0], ws.captions.Message(51));
     EXPECT_EQ(check.messages[1], ws.captions.Message(52));
-    p.Leistung = "0";  // any text ends the test without a message
-    EXPECT_TRUE(Check().empty());
+    p.Leistung = "0";  // any text ends the first two rules; the capacity of 0 is refused after them
+    EXPECT_EQ(Check(), std::vector<std::string>{ws.captions[kv::Cap::Capacity] + ": " +
+                                                ws.captions[kv::Cap::EntryZero]});
     p.Leistung = "";
     p.KompHub = "0";
     EXPECT_EQ(Check(), std::vector<std::string>{ws.captions.Message(51)});
@@ -216,6 +217,11 @@ TEST_F(DataScreenTest, StartCalculationMapsTheScreenIntoTheRecord) {
     p.Armatur.Cell(4, 3) = "3 pieces";
     s.Text[1] = "7,5";
     Put("ergDt1.DAT", "old result");
+    kv::InputCheck refused;
+    EXPECT_FALSE(kv::StartCalculation(ws, s, &refused));  // a count with a word is no number
+    ASSERT_EQ(refused.Count(), 1);
+    EXPECT_NE(refused.messages[0].find(ws.captions[kv::Cap::ColCheckValves]), std::string::npos);
+    p.Armatur.Cell(4, 3) = " 3";
     ASSERT_TRUE(kv::StartCalculation(ws, s));
     EXPECT_EQ(p.VerdArt, 3);
     EXPECT_EQ(p.KondArt, 3);

@@ -27,7 +27,9 @@ TEST(RecordReader, ReadsItemsByCountAcrossLines) {
     EXPECT_EQ(d, 3.5);
     ASSERT_TRUE(r.Read(s));
     EXPECT_EQ(s, "x");
-    ASSERT_TRUE(r.Read(i));  // the empty line is passed over
+    ASSERT_TRUE(r.Read(s));  // an empty line is an empty item
+    EXPECT_EQ(s, "");
+    ASSERT_TRUE(r.Read(i));
     EXPECT_EQ(i, 7);
     ASSERT_TRUE(r.Read(d));  // a quoted item where a number is expected
     EXPECT_EQ(d, 8.25);

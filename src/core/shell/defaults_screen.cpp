@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "shell/files.h"
+#include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/workspace.h"
 
@@ -47,7 +48,9 @@ bool ApplyDefaults(Workspace& ws, const DefaultsScreen& d) {
     s.Laufwerk = d.Laufwerk;
     s.DezimalModus = ToNumber(d.DezimalModus).value != 0 ? 1 : 0;
     s.DatumFormat = d.DatumFormat;
-    s.PictureSet = std::clamp(static_cast<int>(RoundHalfEven(ToNumber(d.PictureSet).value)), 0, 5);
+    int picture = s.PictureSet;
+    RoundedInteger(ToNumber(d.PictureSet).value, picture);
+    s.PictureSet = std::clamp(picture, 0, 5);
     s.SamplePicture = d.SamplePicture;
     s.CableText = d.CableText.empty() ? DefaultCableText() : d.CableText;
     bool ok = SaveSettings(ws);

@@ -30,6 +30,21 @@ constexpr const char* kEnergyDefaults[kEnergyCount] = {"12", "365", "0.3", "0.5"
 
 std::string NormalizedNumberText(const std::string& text) { return NumberText(ToNumber(text).value); }
 
+// The data directory named in kparam.dat counts only as an absolute path of
+// a directory that exists or can be made; anything else (a shifted item such
+// as "35", a drive path of another system, a file) takes the default, so that
+// the factory files never land in the current directory.
+bool UsableDataDirectory(const std::string& text) {
+    if (Trim(text).empty()) return false;
+    const fs::path dir(text);
+    if (!dir.is_absolute()) return false;
+    std::error_code ec;
+    if (fs::is_directory(dir, ec)) return true;
+    if (fs::exists(dir, ec)) return false;
+    fs::create_directories(dir, ec);
+    return !ec && fs::is_directory(dir, ec);
+}
+
 }  // namespace
 
 std::string DefaultCableText() {
@@ -108,7 +123,10 @@ void LoadSettings(Workspace& ws) {
         std::error_code ec;
         s.ProjektVerz = fs::current_path(ec).string();
     }
-    if (s.DatenVerz.empty()) {
+    if (!ws.dataDirOverride.empty()) {
+        std::error_code ec;
+        fs::create_directories(ws.dataDirOverride, ec);
+    } else if (!UsableDataDirectory(s.DatenVerz)) {
         const fs::path dir = DefaultDataDir(ws);
         std::error_code ec;
         fs::create_directories(dir, ec);
@@ -123,14 +141,14 @@ void LoadSettings(Workspace& ws) {
     s.FixedNumber = 50;
 
     ws.settings = std::move(s);
-    ws.project.DatenVerz = ws.settings.DatenVerz;
+    ws.project.DatenVerz = ws.dataDirOverride.empty() ? ws.settings.DatenVerz : ws.dataDirOverride.string();
     ws.project.ProjektVerz = ws.settings.ProjektVerz;
     ws.project.RohrDatei = ws.settings.RohrDatei;
 }
 
 bool SaveSettings(Workspace& ws) {
     Settings& s = ws.settings;
-    s.DatenVerz = ws.project.DatenVerz;
+    if (ws.dataDirOverride.empty()) s.DatenVerz = ws.project.DatenVerz;
     s.ProjektVerz = ws.project.ProjektVerz;
     s.RohrDatei = ws.project.RohrDatei;
     std::error_code ec;
