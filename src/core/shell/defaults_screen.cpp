@@ -37,6 +37,21 @@ DefaultsScreen OpenDefaultsScreen(const Workspace& ws) {
 }
 
 bool ApplyDefaults(Workspace& ws, const DefaultsScreen& d) {
+    // Hours of a day, days of a year, price of a kWh, the mean load share.
+    struct Entry {
+        Cap caption;
+        const std::string* text;
+        NumberRange range;
+    };
+    const Entry entries[] = {{Cap::HoursPerDay, &d.hoursPerDay, {0, 24}},
+                             {Cap::DaysPerYear, &d.daysPerYear, {0, 366}},
+                             {Cap::EnergyPrice, &d.energyPrice, {0, 1e4}},
+                             {Cap::LoadFactor, &d.loadFactor, {0, 1}}};
+    std::vector<std::string> messages;
+    for (const Entry& e : entries)
+        CheckNumberField(ws, messages, ws.captions[e.caption], Trim(*e.text).empty() ? std::string_view("?") : *e.text,
+                         e.range);
+    if (!ShowFieldMessages(ws, messages)) return false;
     Settings& s = ws.settings;
     if (!Trim(d.DatenVerz).empty()) ws.project.DatenVerz = std::string(Trim(d.DatenVerz));
     ws.project.ProjektVerz = d.ProjektVerz;

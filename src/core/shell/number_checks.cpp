@@ -81,6 +81,14 @@ bool CheckNumberField(const Workspace& ws, std::vector<std::string>& messages, s
     return false;
 }
 
+bool ShowFieldMessages(Workspace& ws, const std::vector<std::string>& messages) {
+    if (messages.empty()) return true;
+    std::string text;
+    for (const std::string& m : messages) text += (text.empty() ? "" : ws.lineEnd) + m;
+    ws.ui.Message(ws.Title(), text, MessageIcon::Error);
+    return false;
+}
+
 bool IntegerPart(double value, long long& target) {
     // 2^63 is the first double that does not fit; -2^63 itself does.
     if (!std::isfinite(value) || value >= 9223372036854775808.0 || value < -9223372036854775808.0) return false;

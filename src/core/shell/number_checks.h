@@ -40,6 +40,9 @@ std::string NumberFaultMessage(const Workspace& ws, std::string_view label, Numb
 bool CheckNumberField(const Workspace& ws, std::vector<std::string>& messages, std::string_view label,
                       std::string_view text, const NumberRange& range);
 
+// Shows the messages of an editor's check in one box; false when there were any.
+bool ShowFieldMessages(Workspace& ws, const std::vector<std::string>& messages);
+
 // Integers of outside data. Each conversion fails, leaving the target as it
 // was, when the value is not finite or does not fit the target, as the
 // overflow of the classical run time does.
