@@ -121,6 +121,15 @@ TEST_F(PipeFiles, RestoreCopiesTheFactorySeriesBack) {
     EXPECT_EQ(messages.size(), 1u);
 }
 
+TEST_F(PipeFiles, RestoreEndsAtTheEndMarkOfAnOldEditor) {
+    kv::InstallFactoryData(ws);
+    const std::string factory = Get("RohrK65.STD");
+    Put("RohrK65.STD", factory + "\x1a" "text behind the mark\r\n");
+    kv::PipeEditor e = kv::LoadPipeEditor(ws, "RohrK65.DAT");
+    ASSERT_TRUE(kv::RestorePipeTable(ws, e));
+    EXPECT_EQ(Get("RohrK65.DAT"), factory);
+}
+
 TEST_F(PipeFiles, AnEmptyK65SeriesIsReplacedByItsFactoryCopy) {
     kv::InstallFactoryData(ws);
     Put("RohrK65.DAT", "");

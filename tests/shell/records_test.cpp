@@ -122,3 +122,33 @@ TEST(HeadFields, TwentyFourLinesAndTheKeyOfTheFourth) {
     EXPECT_EQ(s.lines.size(), 24u);
     EXPECT_EQ(s.keyText, "");
 }
+
+TEST(RecordReader, EmptyLinesAreItemsAndTheEndMarkEndsTheText) {
+    // A Geometr cell and its empty line, a trailing comma, then the end mark
+    // of an old editor with text behind it.
+    RecordReader r("\"10\"\r\n\r\n\"8\"\r\n  \r\n\"a\",\r\n\"b\"\r\n\x1a\"after\",\"mark\"\r\n");
+    std::vector<std::string> items;
+    std::string s;
+    while (!r.AtEnd()) {
+        const std::size_t before = items.size();
+        if (r.Read(s)) items.push_back(s);
+        ASSERT_LT(items.size(), 10u);
+        if (items.size() == before) break;  // a read that fails must leave the reader at its end
+    }
+    EXPECT_EQ(items, (std::vector<std::string>{"10", "", "8", "", "a", "", "b"}));
+    EXPECT_TRUE(r.AtEnd());
+    s = "kept";
+    EXPECT_FALSE(r.Read(s));
+    EXPECT_EQ(s, "kept");
+}
+
+TEST(RecordReader, TextComesOutAsUtf8) {
+    // The old code page's ü (0xFC) and € (0x80); UTF-8 stays as it is.
+    RecordReader r("\"K\xFChlhaus\",\"\x80 5\",\"K\xC3\xBChlhaus\"\r\nStra\xDF" "e\r\n");
+    std::string a, b, c, line;
+    ASSERT_TRUE(r.Read(a) && r.Read(b) && r.Read(c) && r.ReadLine(line));
+    EXPECT_EQ(a, "K\xC3\xBChlhaus");
+    EXPECT_EQ(b, "\xE2\x82\xAC 5");
+    EXPECT_EQ(c, "K\xC3\xBChlhaus");
+    EXPECT_EQ(line, "Stra\xC3\x9F" "e");
+}
