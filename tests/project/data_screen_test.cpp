@@ -275,3 +275,39 @@ TEST_F(DataScreenTest, ModuleReturnAndCompressorSearch) {
 }
 
 }  // namespace
+
+namespace {
+
+bool Has(const std::vector<std::string>& messages, const std::string& text) {
+    return std::find(messages.begin(), messages.end(), text) != messages.end();
+}
+
+TEST_F(DataScreenTest, NumberFieldsAreNumbersOfAPlausibleSizeAndNamed) {
+    kv::Project& p = ws.project;
+    const kv::Captions& c = ws.captions;
+    const std::string notANumber = ": " + c.Message(12);
+    p.Tver = "abc";
+    p.Leistung = "zehn";
+    p.Geometr.Cell(2, 1) = "10 m";
+    Check();
+    EXPECT_TRUE(Has(check.messages, c[kv::Cap::EvapTemp] + notANumber));
+    EXPECT_TRUE(Has(check.messages, c[kv::Cap::Capacity] + notANumber));
+    EXPECT_TRUE(Has(check.messages, c[kv::Cap::LineSuction] + ", " + c[kv::Cap::Length] + notANumber));
+
+    p.Tver = "-10";
+    p.Geometr.Cell(2, 1) = "10,5";
+    p.Leistung = "1000000";
+    EXPECT_EQ(Check(), std::vector<std::string>{c[kv::Cap::Capacity] + ": " + c[kv::Cap::EntryImplausible] +
+                                                " (0 ... 5000)"});
+    p.Leistung = "12,5";
+    EXPECT_TRUE(Check().empty());
+
+    // The design velocities of the screen: the sizing divides by them.
+    s.Text[8] = "0";
+    kv::InputCheck refused;
+    EXPECT_FALSE(kv::StartCalculation(ws, s, &refused));
+    EXPECT_EQ(refused.messages,
+              std::vector<std::string>{c[kv::Cap::VelocitySuction] + ": " + c[kv::Cap::EntryZero]});
+}
+
+}  // namespace
