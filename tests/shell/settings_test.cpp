@@ -193,6 +193,18 @@ TEST_F(SettingsFile, DefaultsScreenWritesTheStoredFields) {
     d.PictureSet = "9";  // out of range: the last set
     d.energyPrice = "0,35";
     d.DefaultCountry = "AUSTRIA";
+    // A relative data directory and a price in words are refused, each named.
+    const std::string dataDir = d.DatenVerz;
+    d.DatenVerz = "35";
+    d.loadFactor = "half";
+    EXPECT_FALSE(kv::ApplyDefaults(ws, d));
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_EQ(messages[0].text, ws.captions[kv::Cap::LoadFactor] + ": " + ws.captions.Message(12) + "\r\n" +
+                                    ws.captions[kv::Cap::DataDirectory] + ": " +
+                                    ws.captions[kv::Cap::DirectoryUnusable]);
+    EXPECT_EQ(kv::FileLength(ws, "energk.dat"), 0u);
+    d.DatenVerz = dataDir;
+    d.loadFactor = "0.5";
     ASSERT_TRUE(kv::ApplyDefaults(ws, d));
     kv::Workspace again = ws;
     kv::LoadSettings(again);

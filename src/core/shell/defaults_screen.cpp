@@ -51,6 +51,8 @@ bool ApplyDefaults(Workspace& ws, const DefaultsScreen& d) {
     for (const Entry& e : entries)
         CheckNumberField(ws, messages, ws.captions[e.caption], Trim(*e.text).empty() ? std::string_view("?") : *e.text,
                          e.range);
+    if (!Trim(d.DatenVerz).empty() && !UsableDataDirectory(std::string(Trim(d.DatenVerz))))
+        messages.push_back(ws.captions[Cap::DataDirectory] + ": " + ws.captions[Cap::DirectoryUnusable]);
     if (!ShowFieldMessages(ws, messages)) return false;
     Settings& s = ws.settings;
     if (!Trim(d.DatenVerz).empty()) ws.project.DatenVerz = std::string(Trim(d.DatenVerz));

@@ -30,10 +30,8 @@ constexpr const char* kEnergyDefaults[kEnergyCount] = {"12", "365", "0.3", "0.5"
 
 std::string NormalizedNumberText(const std::string& text) { return NumberText(ToNumber(text).value); }
 
-// The data directory named in kparam.dat counts only as an absolute path of
-// a directory that exists or can be made; anything else (a shifted item such
-// as "35", a drive path of another system, a file) takes the default, so that
-// the factory files never land in the current directory.
+}  // namespace
+
 bool UsableDataDirectory(const std::string& text) {
     if (Trim(text).empty()) return false;
     const fs::path dir(text);
@@ -44,8 +42,6 @@ bool UsableDataDirectory(const std::string& text) {
     fs::create_directories(dir, ec);
     return !ec && fs::is_directory(dir, ec);
 }
-
-}  // namespace
 
 std::string DefaultCableText() {
     struct Row { const char *caption, *number, *voltage, *cable; };
