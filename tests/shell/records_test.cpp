@@ -140,6 +140,11 @@ TEST(RecordReader, EmptyLinesAreItemsAndTheEndMarkEndsTheText) {
     s = "kept";
     EXPECT_FALSE(r.Read(s));
     EXPECT_EQ(s, "kept");
+    // Whole lines end at the mark as well.
+    RecordReader lines("one\r\ntwo\x1a" "three\r\nfour\r\n");
+    std::vector<std::string> read;
+    while (lines.ReadLine(s)) read.push_back(s);
+    EXPECT_EQ(read, (std::vector<std::string>{"one", "two"}));
 }
 
 TEST(RecordReader, TextComesOutAsUtf8) {

@@ -105,10 +105,16 @@ bool RecordReader::Read(int& value) {
 
 bool RecordReader::ReadLine(std::string& line) {
     if (pos_ >= text_.size()) return false;
-    const std::size_t eol = text_.find_first_of("\r\n", pos_);
+    if (text_[pos_] == '\x1a') {
+        pos_ = text_.size();
+        return false;
+    }
+    // The line ends at its line end or at the end-of-file mark, which also
+    // ends the text.
+    const std::size_t eol = text_.find_first_of("\r\n\x1a", pos_);
     const std::size_t stop = eol == std::string::npos ? text_.size() : eol;
     line = TextToUtf8(std::string_view(text_).substr(pos_, stop - pos_));
-    pos_ = stop;
+    pos_ = stop < text_.size() && text_[stop] == '\x1a' ? text_.size() : stop;
     SkipLineEnd();
     return true;
 }
