@@ -16,9 +16,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     kv::Workspace ws;
     ws.settingsFile = dir / "kparam.dat";
     ws.documentsDir = dir / "docs";
+    // A data directory named in the file would be made where it names: the
+    // run's own directory keeps the fuzz run inside the temporary folder.
+    ws.dataDirOverride = dir / "data";
     kv::WriteFileAtomic(ws.settingsFile, std::string(reinterpret_cast<const char*>(data), size));
     kv::LoadSettings(ws);
-    // The data directory named in the file is not created by a fuzz run
-    // outside the temporary folder: only the default one is.
     return 0;
 }

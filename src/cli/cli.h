@@ -25,6 +25,8 @@ struct Options {
 // standard error and every question answered No.
 kv::Workspace MakeWorkspace(const Options& o);
 
+// The JSON text of `j`; never throws on a text.
+std::string JsonText(const nlohmann::json& j, int indent = 2);
 // Prints `j` as JSON or, without --json, as "key: value" lines.
 void Print(const Options& o, const nlohmann::json& j);
 

@@ -107,28 +107,27 @@ kv::Workspace MakeWorkspace(const Options& o) {
         posix_spawn_file_actions_destroy(&fa);
         return rc == 0;
     };
+    if (!o.dataDir.empty()) ws.dataDirOverride = fs::absolute(o.dataDir, ec);
     kv::PrepareWorkspace(ws);
-    if (!o.dataDir.empty()) {
-        ws.project.DatenVerz = fs::absolute(o.dataDir, ec).string();
-        fs::create_directories(ws.project.DatenVerz, ec);
-        ws.factoryFilesInstalled = kv::InstallFactoryData(ws);
-        kv::LoadCaptions(ws);
-        kv::LoadVerbCaptions(ws);
-        kv::LoadOtherCaptions(ws);
-        kv::LoadHelpTable(ws);
-    }
     return ws;
+}
+
+std::string JsonText(const nlohmann::json& j, int indent) {
+    // The readers hand on valid UTF-8 only; a text that is not (a file name
+    // from the command line) is written with a replacement character rather
+    // than ending the run.
+    return j.dump(indent, ' ', false, nlohmann::json::error_handler_t::replace);
 }
 
 void Print(const Options& o, const nlohmann::json& j) {
     if (o.json) {
-        std::cout << j.dump(2) << "\n";
+        std::cout << JsonText(j) << "\n";
         return;
     }
     for (auto it = j.begin(); it != j.end(); ++it) {
         std::cout << it.key() << ": ";
         if (it->is_string()) std::cout << it->get<std::string>();
-        else std::cout << it->dump();
+        else std::cout << JsonText(*it, -1);
         std::cout << "\n";
     }
 }

@@ -45,7 +45,7 @@ int CmdCheck(const Options& o) {
         nlohmann::json j;
         j["messages"] = check.messages;
         j["count"] = check.Count();
-        std::cout << j.dump(2) << "\n";
+        std::cout << JsonText(j) << "\n";
     } else {
         PrintMessageLines(std::cout, check.messages);
     }
@@ -128,7 +128,7 @@ int CmdShow(const Options& o) {
     int code = 0;
     if (!LoadProjectArg(ws, o.args[1], code)) return code;
     const nlohmann::json j = ProjectJson(ws.project);
-    if (o.json) std::cout << j.dump(2) << "\n";
+    if (o.json) std::cout << JsonText(j) << "\n";
     else Print(o, j);
     return 0;
 }

@@ -5,6 +5,7 @@
 #include "refrigerant/registry.h"
 #include "refrigerant/saturation.h"
 #include "refrigerant/state_points.h"
+#include "shell/number_checks.h"
 #include "shell/numbers.h"
 
 namespace kvcli {
@@ -96,12 +97,12 @@ int CmdState(const Options& o) {
     kv::Workspace ws = MakeWorkspace(o);
     double v = 0;
     if (auto it = o.values.find("drive"); it != o.values.end()) {
-        if (!NumberArg(it->second, v)) return Fail("--drive takes a number 1 to 3");
-        ws.project.VerdArt = static_cast<int>(v);
+        if (!NumberArg(it->second, v) || !kv::RoundedInteger(v, ws.project.VerdArt))
+            return Fail("--drive takes a number 1 to 3");
     }
     if (auto it = o.values.find("principle"); it != o.values.end()) {
-        if (!NumberArg(it->second, v)) return Fail("--principle takes a number 1 to 5");
-        ws.project.KondArt = static_cast<int>(v);
+        if (!NumberArg(it->second, v) || !kv::RoundedInteger(v, ws.project.KondArt))
+            return Fail("--principle takes a number 1 to 5");
     }
     const kv::SaturationTable* table = nullptr;
     int code = 0;

@@ -1,6 +1,8 @@
 #include "ui/diagram_dialog.h"
 
 #include <QFileDialog>
+#include <algorithm>
+#include <climits>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -16,6 +18,7 @@
 
 #include "render/render.h"
 #include "shell/captions.h"
+#include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/workspace.h"
 #include "ui/picture_view.h"
@@ -70,7 +73,9 @@ DiagramDialog::DiagramDialog(kv::Workspace& ws, QWidget* parent) : QDialog(paren
         });
         connect(field, &QLineEdit::returnPressed, this, [this, which, field] {
             window_[which].text = field->text().toStdString();
-            kv::SetTrimBar(window_, which, static_cast<int>(kv::ToNumber(window_[which].text).value));
+            long long value = 0;
+            kv::IntegerPart(kv::ToNumber(window_[which].text).value, value);
+            kv::SetTrimBar(window_, which, static_cast<int>(std::clamp<long long>(value, INT_MIN, INT_MAX)));
             Redraw();
         });
         auto* row = new QHBoxLayout;

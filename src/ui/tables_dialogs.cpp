@@ -55,12 +55,17 @@ PipeTableDialog::PipeTableDialog(kv::Workspace& ws, QWidget* parent) : QDialog(p
         {kv::Cap::DeleteRow, [this] { kv::DeleteEditorRow(editor_, CurrentRow()); Fill(); }},
         {kv::Cap::Copy, [this] { kv::CopyEditorRow(editor_, CurrentRow()); }},
         {kv::Cap::Paste, [this] { kv::PasteEditorRow(editor_, CurrentRow()); Fill(); }},
-        {kv::Cap::Sort, [this] { Save(); kv::SortPipeFile(ws_, editor_.file); ShowSeries(editor_.file); }},
+        {kv::Cap::Sort, [this] {
+             if (!Save()) return;  // a refused cell stays on screen to be mended
+             kv::SortPipeFile(ws_, editor_.file);
+             ShowSeries(editor_.file);
+         }},
         {kv::Cap::RestoreFactory, [this] { kv::RestorePipeTable(ws_, editor_); Fill(); }},
         {kv::Cap::Save, [this] { Save(); }},
     };
     for (const auto& [word, act] : acts) {
         auto* b = new QPushButton(Q(ws_.captions[word]));
+        if (word == kv::Cap::Save) b->setObjectName(QStringLiteral("PipeSave"));
         auto f = act;
         connect(b, &QPushButton::clicked, this, [f] { f(); });
         actions->addWidget(b);

@@ -53,6 +53,15 @@ TEST(FittingRows, ReducersFromTwoThreeAndFourSourceRows) {
     EXPECT_EQ(four[4][2], "11");
 }
 
+TEST(FittingRows, ASizeBeyondEveryIntegerGivesNoMinutes) {
+    // sqrt(1.5e42) + 5 does not fit an integer: the conversion fails and
+    // the reducer gets 0 minutes, not a wrapped value.
+    const auto rows = Generate(Source({{"a", "10"}, {"b", "16"}, {"c", "1.5e42"}}), 6);
+    ASSERT_EQ(rows.size(), 2u);
+    EXPECT_EQ(rows[0][2], "0");
+    EXPECT_EQ(Generate(Source({{"a", "10"}, {"b", "16"}, {"c", "1e30"}}), 6)[0][2], "1000000000000005");
+}
+
 TEST(FittingRows, LabelsOfTheReducerKinds) {
     EXPECT_EQ(Generate(kFour, 7)[4][1], "R d-c");
     EXPECT_EQ(Generate(kFour, 7)[4][0], "36-25");  // the key keeps the diameters

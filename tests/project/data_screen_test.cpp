@@ -59,8 +59,9 @@ TEST_F(DataScreenTest, CheckInputRulesAndTheirOrder) {
     ASSERT_EQ(Check().size(), 2u);  // both capacity messages
     EXPECT_EQ(check.messages[0], ws.captions.Message(51));
     EXPECT_EQ(check.messages[1], ws.captions.Message(52));
-    p.Leistung = "0";  // any text ends the test without a message
-    EXPECT_TRUE(Check().empty());
+    p.Leistung = "0";  // any text ends the first two rules; the capacity of 0 is refused after them
+    EXPECT_EQ(Check(), std::vector<std::string>{ws.captions[kv::Cap::Capacity] + ": " +
+                                                ws.captions[kv::Cap::EntryZero]});
     p.Leistung = "";
     p.KompHub = "0";
     EXPECT_EQ(Check(), std::vector<std::string>{ws.captions.Message(51)});
@@ -216,6 +217,11 @@ TEST_F(DataScreenTest, StartCalculationMapsTheScreenIntoTheRecord) {
     p.Armatur.Cell(4, 3) = "3 pieces";
     s.Text[1] = "7,5";
     Put("ergDt1.DAT", "old result");
+    kv::InputCheck refused;
+    EXPECT_FALSE(kv::StartCalculation(ws, s, &refused));  // a count with a word is no number
+    ASSERT_EQ(refused.Count(), 1);
+    EXPECT_NE(refused.messages[0].find(ws.captions[kv::Cap::ColCheckValves]), std::string::npos);
+    p.Armatur.Cell(4, 3) = " 3";
     ASSERT_TRUE(kv::StartCalculation(ws, s));
     EXPECT_EQ(p.VerdArt, 3);
     EXPECT_EQ(p.KondArt, 3);
@@ -266,6 +272,42 @@ TEST_F(DataScreenTest, ModuleReturnAndCompressorSearch) {
     const kv::StandardFittings f = kv::ReadStandardFittings(ws);
     EXPECT_EQ(f.kindBox, "Open - Screw");
     EXPECT_EQ(f.defrostKind, 2);
+}
+
+}  // namespace
+
+namespace {
+
+bool Has(const std::vector<std::string>& messages, const std::string& text) {
+    return std::find(messages.begin(), messages.end(), text) != messages.end();
+}
+
+TEST_F(DataScreenTest, NumberFieldsAreNumbersOfAPlausibleSizeAndNamed) {
+    kv::Project& p = ws.project;
+    const kv::Captions& c = ws.captions;
+    const std::string notANumber = ": " + c.Message(12);
+    p.Tver = "abc";
+    p.Leistung = "zehn";
+    p.Geometr.Cell(2, 1) = "10 m";
+    Check();
+    EXPECT_TRUE(Has(check.messages, c[kv::Cap::EvapTemp] + notANumber));
+    EXPECT_TRUE(Has(check.messages, c[kv::Cap::Capacity] + notANumber));
+    EXPECT_TRUE(Has(check.messages, c[kv::Cap::LineSuction] + ", " + c[kv::Cap::Length] + notANumber));
+
+    p.Tver = "-10";
+    p.Geometr.Cell(2, 1) = "10,5";
+    p.Leistung = "1000000";
+    EXPECT_EQ(Check(), std::vector<std::string>{c[kv::Cap::Capacity] + ": " + c[kv::Cap::EntryImplausible] +
+                                                " (0 ... 5000)"});
+    p.Leistung = "12,5";
+    EXPECT_TRUE(Check().empty());
+
+    // The design velocities of the screen: the sizing divides by them.
+    s.Text[8] = "0";
+    kv::InputCheck refused;
+    EXPECT_FALSE(kv::StartCalculation(ws, s, &refused));
+    EXPECT_EQ(refused.messages,
+              std::vector<std::string>{c[kv::Cap::VelocitySuction] + ": " + c[kv::Cap::EntryZero]});
 }
 
 }  // namespace

@@ -27,7 +27,9 @@ TEST(RecordReader, ReadsItemsByCountAcrossLines) {
     EXPECT_EQ(d, 3.5);
     ASSERT_TRUE(r.Read(s));
     EXPECT_EQ(s, "x");
-    ASSERT_TRUE(r.Read(i));  // the empty line is passed over
+    ASSERT_TRUE(r.Read(s));  // an empty line is an empty item
+    EXPECT_EQ(s, "");
+    ASSERT_TRUE(r.Read(i));
     EXPECT_EQ(i, 7);
     ASSERT_TRUE(r.Read(d));  // a quoted item where a number is expected
     EXPECT_EQ(d, 8.25);
@@ -119,4 +121,39 @@ TEST(HeadFields, TwentyFourLinesAndTheKeyOfTheFourth) {
     const kv::HeadFields s = kv::ReadHeadFields(shortHead, 2);
     EXPECT_EQ(s.lines.size(), 24u);
     EXPECT_EQ(s.keyText, "");
+}
+
+TEST(RecordReader, EmptyLinesAreItemsAndTheEndMarkEndsTheText) {
+    // A Geometr cell and its empty line, a trailing comma, then the end mark
+    // of an old editor with text behind it.
+    RecordReader r("\"10\"\r\n\r\n\"8\"\r\n  \r\n\"a\",\r\n\"b\"\r\n\x1a\"after\",\"mark\"\r\n");
+    std::vector<std::string> items;
+    std::string s;
+    while (!r.AtEnd()) {
+        const std::size_t before = items.size();
+        if (r.Read(s)) items.push_back(s);
+        ASSERT_LT(items.size(), 10u);
+        if (items.size() == before) break;  // a read that fails must leave the reader at its end
+    }
+    EXPECT_EQ(items, (std::vector<std::string>{"10", "", "8", "", "a", "", "b"}));
+    EXPECT_TRUE(r.AtEnd());
+    s = "kept";
+    EXPECT_FALSE(r.Read(s));
+    EXPECT_EQ(s, "kept");
+    // Whole lines end at the mark as well.
+    RecordReader lines("one\r\ntwo\x1a" "three\r\nfour\r\n");
+    std::vector<std::string> read;
+    while (lines.ReadLine(s)) read.push_back(s);
+    EXPECT_EQ(read, (std::vector<std::string>{"one", "two"}));
+}
+
+TEST(RecordReader, TextComesOutAsUtf8) {
+    // The old code page's ü (0xFC) and € (0x80); UTF-8 stays as it is.
+    RecordReader r("\"K\xFChlhaus\",\"\x80 5\",\"K\xC3\xBChlhaus\"\r\nStra\xDF" "e\r\n");
+    std::string a, b, c, line;
+    ASSERT_TRUE(r.Read(a) && r.Read(b) && r.Read(c) && r.ReadLine(line));
+    EXPECT_EQ(a, "K\xC3\xBChlhaus");
+    EXPECT_EQ(b, "\xE2\x82\xAC 5");
+    EXPECT_EQ(c, "K\xC3\xBChlhaus");
+    EXPECT_EQ(line, "Stra\xC3\x9F" "e");
 }

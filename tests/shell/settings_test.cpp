@@ -4,6 +4,7 @@
 #include "shell/separators.h"
 #include "shell/defaults_screen.h"
 #include "shell/settings.h"
+#include "shell/startup.h"
 #include "shell/text.h"
 #include "workspace_fixture.h"
 
@@ -192,6 +193,18 @@ TEST_F(SettingsFile, DefaultsScreenWritesTheStoredFields) {
     d.PictureSet = "9";  // out of range: the last set
     d.energyPrice = "0,35";
     d.DefaultCountry = "AUSTRIA";
+    // A relative data directory and a price in words are refused, each named.
+    const std::string dataDir = d.DatenVerz;
+    d.DatenVerz = "35";
+    d.loadFactor = "half";
+    EXPECT_FALSE(kv::ApplyDefaults(ws, d));
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_EQ(messages[0].text, ws.captions[kv::Cap::LoadFactor] + ": " + ws.captions.Message(12) + "\r\n" +
+                                    ws.captions[kv::Cap::DataDirectory] + ": " +
+                                    ws.captions[kv::Cap::DirectoryUnusable]);
+    EXPECT_EQ(kv::FileLength(ws, "energk.dat"), 0u);
+    d.DatenVerz = dataDir;
+    d.loadFactor = "0.5";
     ASSERT_TRUE(kv::ApplyDefaults(ws, d));
     kv::Workspace again = ws;
     kv::LoadSettings(again);
@@ -200,4 +213,40 @@ TEST_F(SettingsFile, DefaultsScreenWritesTheStoredFields) {
     EXPECT_EQ(again.settings.PictureSet, 5);
     EXPECT_EQ(Get("energk.dat"), "\"12\",\"365\",\"0.35\",\"0.5\"\r\n");
     EXPECT_EQ(kv::DefaultCountryKey(ws), "AUSTRIA");
+}
+
+TEST_F(SettingsFile, DataDirectoryOnlyFromAUsableAbsolutePath) {
+    const fs::path fallback = root / "docs" / "Kelvaris";
+    auto dataDirOf = [&](const std::string& item) {
+        kv::WriteFileAtomic(ws.settingsFile, "\"caller\",\"" + item + "\",\"x\",\"GER\",\"\xA4\"\r\n");
+        kv::LoadSettings(ws);
+        return fs::path(ws.project.DatenVerz);
+    };
+    // The first line missing: the next item ("35") would be a relative path.
+    kv::WriteFileAtomic(ws.settingsFile, "0,35,\"2.5\",\"\",\"\",0,\"\",0\r\n\"\",\"1\"\r\n");
+    kv::LoadSettings(ws);
+    EXPECT_EQ(fs::path(ws.project.DatenVerz), fallback);
+    EXPECT_EQ(dataDirOf("35"), fallback);
+    EXPECT_EQ(dataDirOf("C:\\Kelvaris"), fallback);
+    kv::WriteFileAtomic(root / "a_file", "x");
+    EXPECT_EQ(dataDirOf((root / "a_file").string()), fallback);
+    EXPECT_EQ(dataDirOf((root / "new" / "data").string()), root / "new" / "data");  // made when missing
+    EXPECT_TRUE(fs::is_directory(root / "new" / "data"));
+    EXPECT_EQ(ws.settings.Waehrung, "\xC2\xA4");  // the old code page's currency sign, as UTF-8
+}
+
+TEST_F(SettingsFile, ADataDirectoryOfTheRunWinsBeforeAnythingIsInstalled) {
+    kv::WriteFileAtomic(ws.settingsFile, "\"\",\"" + (root / "settings_data").string() + "\"\r\n");
+    ws.dataDirOverride = root / "run_data";
+    kv::PrepareWorkspace(ws);
+    EXPECT_EQ(fs::path(ws.project.DatenVerz), root / "run_data");
+    EXPECT_GT(ws.factoryFilesInstalled, 100);
+    EXPECT_TRUE(fs::exists(root / "run_data" / "Caption.ENG"));
+    EXPECT_FALSE(fs::exists(root / "settings_data" / "Caption.ENG"));
+    // The settings keep their own data directory.
+    kv::SaveSettings(ws);
+    kv::Workspace other = ws;
+    other.dataDirOverride.clear();
+    kv::LoadSettings(other);
+    EXPECT_EQ(fs::path(other.project.DatenVerz), root / "settings_data");
 }

@@ -35,3 +35,15 @@ TEST(Separators, SplitJoinedItems) {
     EXPECT_TRUE(kv::EqualsNoCase("heatp", "HEATP"));
     EXPECT_FALSE(kv::EqualsNoCase("heatp", "HEATP2"));
 }
+
+TEST(Text, AnythingThatIsNotUtf8IsTheOldCodePage) {
+    EXPECT_TRUE(kv::IsValidUtf8("plain \xC3\xBC \xE2\x82\xAC \xF0\x9F\x98\x80"));
+    // Overlong, surrogate, beyond U+10FFFF, cut short, a lone continuation.
+    for (const char* bad : {"\xC0\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xE2\x82", "\x80"})
+        EXPECT_FALSE(kv::IsValidUtf8(bad)) << bad;
+    EXPECT_EQ(kv::TextToUtf8("\xC0\xAF"), "\xC3\x80\xC2\xAF");
+    // Random bytes always come out valid.
+    std::string bytes;
+    for (int i = 0; i < 256; ++i) bytes += static_cast<char>(255 - i);
+    EXPECT_TRUE(kv::IsValidUtf8(kv::TextToUtf8(bytes)));
+}

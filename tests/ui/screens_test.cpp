@@ -14,6 +14,7 @@
 
 #include "project/project_file.h"
 #include "shell/startup.h"
+#include "ui/defaults_dialog.h"
 #include "ui/diagram_dialog.h"
 #include "ui/main_window.h"
 #include "ui/project_data_dialog.h"
@@ -147,6 +148,43 @@ TEST_F(Screens, PipeAndZetaTables) {
     zgrid->item(0, 0)->setText(QStringLiteral("2,5"));
     ASSERT_TRUE(zeta->Save());
     EXPECT_DOUBLE_EQ(ws.project.ZetaWert[1], 2.5);
+}
+
+TEST_F(Screens, EditorsRefuseABadCellAndSayWhich) {
+    const std::string notANumber = ": " + ws.captions.Message(12);
+    // A letter in a pipe size: the save is refused, the file and its rows stay.
+    kvui::PipeTableDialog pipes(ws);
+    pipes.show();
+    const std::string series = Get("RohrDM.DAT");
+    auto* grid = pipes.findChild<QTableWidget*>(QStringLiteral("PipeGrid"));
+    ASSERT_NE(grid, nullptr);
+    grid->item(0, 1)->setText(QStringLiteral("1O"));
+    QTest::mouseClick(pipes.findChild<QPushButton*>(QStringLiteral("PipeSave")), Qt::LeftButton);
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_NE(messages[0].text.find("da/[mm] (1)" + notANumber), std::string::npos);
+    EXPECT_EQ(Get("RohrDM.DAT"), series);
+
+    // A zeta value that is not a number is not stored as 0.
+    const double before = kv::Zeta(ws)[2];
+    kvui::ZetaDialog zeta(ws);
+    zeta.show();
+    zeta.findChild<QTableWidget*>(QStringLiteral("ZetaGrid"))->item(1, 0)->setText(QStringLiteral("abc"));
+    QTest::mouseClick(zeta.findChild<QPushButton*>(QStringLiteral("ZetaSave")), Qt::LeftButton);
+    ASSERT_EQ(messages.size(), 2u);
+    EXPECT_EQ(messages[1].text, kv::ZetaRowCaption(ws, 2) + notANumber);
+    EXPECT_TRUE(zeta.isVisible());
+    EXPECT_EQ(kv::Zeta(ws)[2], before);
+
+    // The defaults: the hours of a day in words.
+    kvui::DefaultsDialog defaults(ws);
+    defaults.show();
+    auto* hours = defaults.findChild<QLineEdit*>(QStringLiteral("HoursPerDay"));
+    ASSERT_NE(hours, nullptr);
+    hours->selectAll();
+    QTest::keyClicks(hours, QStringLiteral("zehn"));
+    EXPECT_FALSE(defaults.Apply());
+    ASSERT_EQ(messages.size(), 3u);
+    EXPECT_EQ(messages[2].text, ws.captions[kv::Cap::HoursPerDay] + notANumber);
 }
 
 }  // namespace

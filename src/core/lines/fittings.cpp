@@ -5,6 +5,7 @@
 
 #include "lines/pipe_table.h"
 #include "shell/files.h"
+#include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/records.h"
 #include "shell/workspace.h"
@@ -37,8 +38,9 @@ const KindEntry* Find(int kind) {
 
 // Assembly minutes of a reducer: they follow the larger size only.
 std::string ReducerMinutes(double da) {
-    if (!std::isfinite(da) || da < 0) return "0";
-    return std::to_string(static_cast<long long>(std::sqrt(da) + 5.0));
+    long long minutes = 0;
+    if (!(da >= 0) || !IntegerPart(std::sqrt(da) + 5.0, minutes)) return "0";
+    return std::to_string(minutes);
 }
 
 void WriteRow(RecordWriter& w, const std::string& key, const std::string& label, const std::string& minutes) {

@@ -3,6 +3,7 @@
 #include "lines/pipe_files.h"
 #include "lines/pipe_table.h"
 #include "shell/files.h"
+#include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/records.h"
 #include "shell/text.h"
@@ -81,8 +82,36 @@ std::string PipeEditorText(const PipeEditor& editor) {
     return w.Take();
 }
 
+std::vector<std::string> CheckPipeEditor(const Workspace& ws, const PipeEditor& editor) {
+    // Diameters in mm; prices per metre; p zul in bar; minutes per metre.
+    static constexpr NumberRange kDiameter{0, 5000, true}, kPrice{0, 1e9}, kPressure{0, 1000}, kMinutes{0, 1e5};
+    struct Column {
+        int col;
+        const NumberRange* range;
+    };
+    static constexpr Column kColumns[] = {{2, &kDiameter}, {3, &kDiameter}, {4, &kPrice}, {5, &kPressure},
+                                          {6, &kMinutes}};
+    std::vector<std::string> messages;
+    for (int row = 1; row <= kEditorRows; ++row) {
+        bool blank = true;
+        for (int c = 1; c <= 6; ++c) blank = blank && Trim(editor.grid.Cell(c, row)).empty();
+        if (blank) continue;
+        for (const Column& c : kColumns) {
+            // An inch size may carry its inch mark ("5\""); da and di must be
+            // there, an empty one is refused like a 0.
+            std::string text(Trim(editor.grid.Cell(c.col, row)));
+            while (c.col <= 3 && !text.empty() && (text.back() == '"' || text.back() == '\'')) text.pop_back();
+            if (c.col <= 3 && Trim(text).empty()) text = "0";
+            CheckNumberField(ws, messages, EditorHeading(ws, c.col) + " (" + std::to_string(row) + ")", text,
+                             *c.range);
+        }
+    }
+    return messages;
+}
+
 bool SavePipeEditor(Workspace& ws, const PipeEditor& editor) {
     if (Trim(editor.file).empty()) return false;
+    if (!ShowFieldMessages(ws, CheckPipeEditor(ws, editor))) return false;
     return WriteFileAtomic(ResolveName(ws, editor.file), PipeEditorText(editor));
 }
 

@@ -7,6 +7,7 @@
 #include <array>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "shell/grid.h"
 
@@ -38,7 +39,12 @@ PipeEditor LoadPipeEditor(const Workspace& ws, std::string_view file);
 // both non-zero, the name cleaned as file names are, a double quote anywhere
 // written as two apostrophes so that the record form holds.
 std::string PipeEditorText(const PipeEditor& editor);
-// Writes the grid to its file. False when it can't be written.
+// The cells that cannot be saved, one message each: a row that holds
+// anything needs da and di as numbers above 0, and the price, p zul and
+// minutes columns hold numbers or nothing. A row is never dropped silently.
+std::vector<std::string> CheckPipeEditor(const Workspace& ws, const PipeEditor& editor);
+// Writes the grid to its file. False when a cell is refused (the user is
+// told which) or the file can't be written.
 bool SavePipeEditor(Workspace& ws, const PipeEditor& editor);
 
 // Row actions of the grid: the rows below move down or up by one; what falls

@@ -4,6 +4,7 @@
 
 #include "lines/pipe_table.h"
 #include "lines/pressure_drop.h"
+#include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/workspace.h"
 
@@ -19,8 +20,7 @@ PipeReadout MakePipeReadout(const Workspace& ws, const PipeTable& t, int row, do
         const double da = t.PipeDa[i], di = t.PipeDi[i];
         r.weightKg = Cut(metalDensity * kPi * (da * da - di * di) / 4000000.0 * lengthM, 2);
     }
-    if (std::isfinite(r.minutes) && std::fabs(r.minutes) < 1e15) {
-        const long long whole = static_cast<long long>(r.minutes);
+    if (long long whole = 0; std::fabs(r.minutes) < 1e15 && IntegerPart(r.minutes, whole)) {
         r.hours = whole / 60;
         r.restMinutes = whole % 60;
     }

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "shell/files.h"
+#include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/records.h"
 #include "shell/workspace.h"
@@ -47,6 +48,15 @@ void zeta_mach(Workspace& ws, ZetaScreen& screen) {
 }
 
 bool zeta_speich(Workspace& ws, ZetaScreen& screen) {
+    static constexpr NumberRange kZetaValue{0, 1000};
+    std::vector<std::string> messages;
+    for (int i = 1; i <= kZetaWritten; ++i) {
+        // An empty cell is refused too: it would be stored as 0.
+        const std::string& cell = screen.cell[At(i)];
+        CheckNumberField(ws, messages, ZetaRowCaption(ws, i), Trim(cell).empty() ? std::string_view("?") : cell,
+                         kZetaValue);
+    }
+    if (!ShowFieldMessages(ws, messages)) return false;
     ZetaTable& z = Zeta(ws);
     for (int i = 1; i <= kZetaWritten; ++i) z[At(i)] = ToNumber(std::string_view(screen.cell[At(i)])).value;
     OutFile out = OpenOut(ws, "KSIWERT.DAT");

@@ -45,8 +45,10 @@ ZetaScreen OpenZetaScreen(Workspace& ws);
 // Sets indices 1 to 9 to the factory values and shows them.
 void zeta_mach(Workspace& ws, ZetaScreen& screen);
 // Takes the nine grid values through the number reader into the table,
-// rewrites "KSIWERT.DAT" (nine values) and closes the screen. False when the
-// file could not be written; the screen then stays open.
+// rewrites "KSIWERT.DAT" (nine values) and closes the screen. A cell that is
+// not a number (or not a plausible zeta value) is refused with a message and
+// nothing changes. False then, or when the file could not be written; the
+// screen stays open.
 bool zeta_speich(Workspace& ws, ZetaScreen& screen);
 // Row caption of the screen: the fitting kinds 1 to 8, row 9 the pipe word
 // with "/10m".

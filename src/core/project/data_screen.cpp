@@ -4,8 +4,10 @@
 
 #include "lines/pipe_series.h"
 #include "project/box_meaning.h"
+#include "project/field_checks.h"
 #include "refrigerant/registry.h"
 #include "shell/files.h"
+#include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/settings.h"
 #include "shell/text.h"
@@ -309,7 +311,7 @@ bool ValidationMark(Workspace& ws, DataScreen& s) {
     return ok;
 }
 
-InputCheck CheckInput(Workspace& ws) {
+InputCheck CheckInput(Workspace& ws, const DataScreen* screen) {
     Project& p = ws.project;
     const Captions& c = ws.captions;
     NormalizeRefrigerantName(p);
@@ -336,12 +338,13 @@ InputCheck CheckInput(Workspace& ws) {
         add(" Economizer - " + c[Cap::EcoSideLiquid] + c[Cap::Length] + " = 0 !!");
     if (p.EcoFlag == 1 && Num(p.Geometr.Cell(8, GeoLength)) <= 0)
         add(" Economizer - " + c[Cap::EcoSideSuction] + c[Cap::Length] + " = 0 !!");
+    CheckNumberFields(ws, screen, out.messages);
     return out;
 }
 
 bool StartCalculation(Workspace& ws, DataScreen& s, InputCheck* check) {
     Project& p = ws.project;
-    InputCheck result = CheckInput(ws);
+    InputCheck result = CheckInput(ws, &s);
     const bool ok = result.Count() == 0;
     if (check) *check = std::move(result);
     if (!ok) return false;
@@ -366,7 +369,9 @@ bool StartCalculation(Workspace& ws, DataScreen& s, InputCheck* check) {
     p.LeistAufteil = (RoundHalfEven(Num(p.Armatur.Cell(3, 2))) != 0 && RoundHalfEven(Num(p.Armatur.Cell(3, 4))) != 0)
                          ? 1
                          : 0;
-    p.ParallelInjection = std::max(1, static_cast<int>(RoundHalfEven(Num(p.Armatur.Cell(10, 1)))));
+    int injection = 1;
+    RoundedInteger(Num(p.Armatur.Cell(10, 1)), injection);
+    p.ParallelInjection = std::max(1, injection);
     for (int col = 1; col <= 13; ++col)
         for (int row = 1; row <= 6; ++row)
             p.ArmaturZahl[static_cast<std::size_t>(col)][static_cast<std::size_t>(row)] =

@@ -96,7 +96,10 @@ struct InputCheck {
     std::vector<std::string> messages;
     int Count() const { return static_cast<int>(messages.size()); }
 };
-InputCheck CheckInput(Workspace& ws);
+// After its own rules it refuses number fields that are not numbers or lie
+// outside what a plant can have (field_checks.h); the auxiliary values are
+// the screen's when one is given, else those of SubAct.dat.
+InputCheck CheckInput(Workspace& ws, const DataScreen* screen = nullptr);
 inline constexpr int kErrorListAbove = 4;
 
 // The calculate button: checks, then moves the screen into the record and

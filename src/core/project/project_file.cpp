@@ -5,6 +5,7 @@
 #include "project/box_meaning.h"
 #include "project/project.h"
 #include "shell/files.h"
+#include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/separators.h"
 #include "shell/settings.h"
@@ -140,8 +141,9 @@ SaveResult SaveProject(Workspace& ws, const std::string& plantType, const std::s
     for (const std::string* f : {&p.Leistung, &p.Tver, &p.tko, &p.dhSL, &p.dtVerd, &p.dtKond}) w.Item(*f).EndLine();
     for (int col = 1; col <= 10; ++col)
         for (int row = 1; row <= 8; ++row) w.Item(A.Cell(col, row)).EndLine();
+    // Each Geometr cell is followed by a truly empty line, as the layout has it.
     for (int row = 1; row <= 4; ++row)
-        for (int col = 1; col <= 4; ++col) w.Item(G.Cell(col, row)).EndLine().Item("").EndLine();
+        for (int col = 1; col <= 4; ++col) w.Item(G.Cell(col, row)).EndLine().Line("");
     for (int row = 1; row <= 4; ++row) w.Item(G.Cell(5, row)).EndLine();
     w.Item(p.KompHub).EndLine();
     w.Item(p.VerdArt).EndLine();
@@ -151,7 +153,7 @@ SaveResult SaveProject(Workspace& ws, const std::string& plantType, const std::s
     for (const std::string* f : {&p.lkondl, &p.DKondL, &p.loelL, &p.doelL}) w.Item(*f).EndLine();
     if (twoStage) {
         for (int row = 1; row <= 4; ++row)
-            for (int col = 6; col <= 9; ++col) w.Item(G.Cell(col, row)).EndLine().Item("").EndLine();
+            for (int col = 6; col <= 9; ++col) w.Item(G.Cell(col, row)).EndLine().Line("");
         w.Item(p.ZweiteStufe).EndLine();
     }
     for (int row = 1; row <= 3; ++row)
@@ -286,7 +288,7 @@ bool LoadProject(Workspace& ws, std::string& plantType, const std::string& fileP
         if (in.Read(oil)) {
             const std::string o(TrimLeft(oil));
             const auto at = o.find(sep::OilCooler);
-            p.OelKuehler = static_cast<int>(RoundHalfEven(ToNumber(std::string_view(o).substr(0, at)).value));
+            RoundedInteger(ToNumber(std::string_view(o).substr(0, at)).value, p.OelKuehler);
             p.ElStandard = at == std::string::npos ? std::string() : std::string(Trim(o.substr(at + sep::OilCooler.size())));
         }
         if (Trim(p.ElStandard).empty()) p.ElStandard = ElStandardText(ws, plantType, 1);
@@ -300,8 +302,8 @@ bool LoadProject(Workspace& ws, std::string& plantType, const std::string& fileP
             const auto at = text12.find(sep::Text12Parallel);
             if (at != std::string::npos) {
                 p.Text12 = text12.substr(0, at);
-                p.ParalLeit = static_cast<int>(
-                    RoundHalfEven(ToNumber(std::string_view(text12).substr(at + sep::Text12Parallel.size())).value));
+                RoundedInteger(ToNumber(std::string_view(text12).substr(at + sep::Text12Parallel.size())).value,
+                               p.ParalLeit);
             } else {
                 p.Text12 = text12;
             }

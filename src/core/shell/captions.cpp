@@ -1,6 +1,7 @@
 #include "shell/captions.h"
 
 #include "shell/files.h"
+#include "shell/text.h"
 #include "shell/numbers.h"
 #include "shell/workspace.h"
 
@@ -110,6 +111,7 @@ std::vector<HelpTopic> ReadHelpTable(const Workspace& ws, std::string_view fileN
                            record[end - 1] == '\0'))
             --end;
         record.resize(end);
+        record = TextToUtf8(record);
         if (!record.empty() && record[0] == '#') {
             topics.push_back({std::string(Trim(std::string_view(record).substr(1))), {}});
         } else if (!topics.empty()) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "shell/files.h"
+#include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/workspace.h"
 
@@ -36,6 +37,23 @@ DefaultsScreen OpenDefaultsScreen(const Workspace& ws) {
 }
 
 bool ApplyDefaults(Workspace& ws, const DefaultsScreen& d) {
+    // Hours of a day, days of a year, price of a kWh, the mean load share.
+    struct Entry {
+        Cap caption;
+        const std::string* text;
+        NumberRange range;
+    };
+    const Entry entries[] = {{Cap::HoursPerDay, &d.hoursPerDay, {0, 24}},
+                             {Cap::DaysPerYear, &d.daysPerYear, {0, 366}},
+                             {Cap::EnergyPrice, &d.energyPrice, {0, 1e4}},
+                             {Cap::LoadFactor, &d.loadFactor, {0, 1}}};
+    std::vector<std::string> messages;
+    for (const Entry& e : entries)
+        CheckNumberField(ws, messages, ws.captions[e.caption], Trim(*e.text).empty() ? std::string_view("?") : *e.text,
+                         e.range);
+    if (!Trim(d.DatenVerz).empty() && !UsableDataDirectory(std::string(Trim(d.DatenVerz))))
+        messages.push_back(ws.captions[Cap::DataDirectory] + ": " + ws.captions[Cap::DirectoryUnusable]);
+    if (!ShowFieldMessages(ws, messages)) return false;
     Settings& s = ws.settings;
     if (!Trim(d.DatenVerz).empty()) ws.project.DatenVerz = std::string(Trim(d.DatenVerz));
     ws.project.ProjektVerz = d.ProjektVerz;
@@ -47,7 +65,9 @@ bool ApplyDefaults(Workspace& ws, const DefaultsScreen& d) {
     s.Laufwerk = d.Laufwerk;
     s.DezimalModus = ToNumber(d.DezimalModus).value != 0 ? 1 : 0;
     s.DatumFormat = d.DatumFormat;
-    s.PictureSet = std::clamp(static_cast<int>(RoundHalfEven(ToNumber(d.PictureSet).value)), 0, 5);
+    int picture = s.PictureSet;
+    RoundedInteger(ToNumber(d.PictureSet).value, picture);
+    s.PictureSet = std::clamp(picture, 0, 5);
     s.SamplePicture = d.SamplePicture;
     s.CableText = d.CableText.empty() ? DefaultCableText() : d.CableText;
     bool ok = SaveSettings(ws);

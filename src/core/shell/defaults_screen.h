@@ -25,7 +25,9 @@ struct DefaultsScreen {
 DefaultsScreen OpenDefaultsScreen(const Workspace& ws);
 // Takes the screen into the settings, writes kparam.dat, energk.dat and the
 // default country; numbers are read with the program's number rule and
-// written in the file form. False when a file could not be written.
+// written in the file form. A number field that is not a number or not
+// plausible is refused with a message and nothing is written. False then,
+// or when a file could not be written.
 bool ApplyDefaults(Workspace& ws, const DefaultsScreen& screen);
 
 }  // namespace kv

@@ -4,6 +4,7 @@
 
 #include "shell/numbers.h"
 #include "shell/separators.h"
+#include "shell/text.h"
 
 namespace kv {
 
@@ -17,26 +18,33 @@ void RecordReader::SkipLineEnd() {
 }
 
 bool RecordReader::AtEnd() const {
-    // Trailing blank lines and blanks do not hold another item.
+    // Trailing blank lines and blanks do not hold another item; the
+    // end-of-file mark of old editors ends the text, whatever follows it.
     for (std::size_t i = pos_; i < text_.size(); ++i) {
-        char c = text_[i];
-        if (c != ' ' && c != '\t' && c != '\r' && c != '\n' && c != '\x1a') return false;
+        const char c = text_[i];
+        if (c == '\x1a') return true;
+        if (c != ' ' && c != '\t' && c != '\r' && c != '\n') return false;
     }
     return true;
 }
 
 bool RecordReader::NextItem(std::string& item, bool& quoted) {
-    // A line end before any item (an empty line) is passed over, as the
-    // classical input statement does.
-    for (;;) {
-        SkipBlanks();
-        if (pos_ >= text_.size()) return false;
-        char c = text_[pos_];
-        if (c == '\r' || c == '\n') { SkipLineEnd(); continue; }
-        if (c == '\x1a') return false;  // end-of-file mark of old editors
-        break;
+    SkipBlanks();
+    if (pos_ >= text_.size()) return false;
+    if (text_[pos_] == '\x1a') {
+        // The end-of-file mark of old editors: nothing behind it is read,
+        // and the reader stands at the end so that every loop ends.
+        pos_ = text_.size();
+        return false;
     }
     quoted = false;
+    if (text_[pos_] == '\r' || text_[pos_] == '\n') {
+        // An empty line where an item is expected is an empty item: the
+        // layouts hold truly empty lines (a Geometr cell and its empty line).
+        item.clear();
+        SkipLineEnd();
+        return true;
+    }
     if (text_[pos_] == '"') {
         quoted = true;
         const std::size_t start = ++pos_;
@@ -66,7 +74,7 @@ bool RecordReader::Read(std::string& item) {
     std::string s;
     bool quoted;
     if (!NextItem(s, quoted)) return false;
-    item = std::move(s);
+    item = TextToUtf8(s);
     return true;
 }
 
@@ -97,10 +105,16 @@ bool RecordReader::Read(int& value) {
 
 bool RecordReader::ReadLine(std::string& line) {
     if (pos_ >= text_.size()) return false;
-    const std::size_t eol = text_.find_first_of("\r\n", pos_);
+    if (text_[pos_] == '\x1a') {
+        pos_ = text_.size();
+        return false;
+    }
+    // The line ends at its line end or at the end-of-file mark, which also
+    // ends the text.
+    const std::size_t eol = text_.find_first_of("\r\n\x1a", pos_);
     const std::size_t stop = eol == std::string::npos ? text_.size() : eol;
-    line.assign(text_, pos_, stop - pos_);
-    pos_ = stop;
+    line = TextToUtf8(std::string_view(text_).substr(pos_, stop - pos_));
+    pos_ = stop < text_.size() && text_[stop] == '\x1a' ? text_.size() : stop;
     SkipLineEnd();
     return true;
 }

@@ -14,6 +14,9 @@ inline constexpr std::string_view kLineEnd = "\r\n";
 // Reads items of a delimited text held in memory. Every read either fills its
 // target and returns true, or, past the end of the text, leaves the target as
 // it was and returns false: a short file leaves the previous values standing.
+// An empty line where an item is expected is an empty item. Text comes out as
+// valid UTF-8 (TextToUtf8). Every read that succeeds moves forward; the
+// end-of-file mark 0x1A ends the text.
 class RecordReader {
 public:
     RecordReader() = default;

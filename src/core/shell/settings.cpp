@@ -32,6 +32,17 @@ std::string NormalizedNumberText(const std::string& text) { return NumberText(To
 
 }  // namespace
 
+bool UsableDataDirectory(const std::string& text) {
+    if (Trim(text).empty()) return false;
+    const fs::path dir(text);
+    if (!dir.is_absolute()) return false;
+    std::error_code ec;
+    if (fs::is_directory(dir, ec)) return true;
+    if (fs::exists(dir, ec)) return false;
+    fs::create_directories(dir, ec);
+    return !ec && fs::is_directory(dir, ec);
+}
+
 std::string DefaultCableText() {
     struct Row { const char *caption, *number, *voltage, *cable; };
     static constexpr Row rows[4] = {
@@ -108,7 +119,10 @@ void LoadSettings(Workspace& ws) {
         std::error_code ec;
         s.ProjektVerz = fs::current_path(ec).string();
     }
-    if (s.DatenVerz.empty()) {
+    if (!ws.dataDirOverride.empty()) {
+        std::error_code ec;
+        fs::create_directories(ws.dataDirOverride, ec);
+    } else if (!UsableDataDirectory(s.DatenVerz)) {
         const fs::path dir = DefaultDataDir(ws);
         std::error_code ec;
         fs::create_directories(dir, ec);
@@ -123,14 +137,14 @@ void LoadSettings(Workspace& ws) {
     s.FixedNumber = 50;
 
     ws.settings = std::move(s);
-    ws.project.DatenVerz = ws.settings.DatenVerz;
+    ws.project.DatenVerz = ws.dataDirOverride.empty() ? ws.settings.DatenVerz : ws.dataDirOverride.string();
     ws.project.ProjektVerz = ws.settings.ProjektVerz;
     ws.project.RohrDatei = ws.settings.RohrDatei;
 }
 
 bool SaveSettings(Workspace& ws) {
     Settings& s = ws.settings;
-    s.DatenVerz = ws.project.DatenVerz;
+    if (ws.dataDirOverride.empty()) s.DatenVerz = ws.project.DatenVerz;
     s.ProjektVerz = ws.project.ProjektVerz;
     s.RohrDatei = ws.project.RohrDatei;
     std::error_code ec;

@@ -58,6 +58,12 @@ struct Settings {
 // each field closed by "§$%".
 std::string DefaultCableText();
 
+// The data directory named in kparam.dat counts only as an absolute path of
+// a directory that exists or can be made (it is made here); anything else (a
+// shifted item such as "35", a drive path of another system, a file) takes
+// the default, so that the factory files never land in the current directory.
+bool UsableDataDirectory(const std::string& text);
+
 // Reads kparam.dat (ws.settingsFile) into ws.settings, applies the defaults,
 // and carries the data directory, the project directory and the pipe table
 // into the project record. A missing or short file gives the defaults. An

@@ -71,6 +71,47 @@ std::string OemToAnsi(std::string_view oem) {
     return out;
 }
 
+bool IsValidUtf8(std::string_view text) {
+    std::size_t i = 0;
+    const std::size_t n = text.size();
+    while (i < n) {
+        const auto c = static_cast<unsigned char>(text[i]);
+        if (c < 0x80) { ++i; continue; }
+        int more;
+        unsigned cp;
+        if (c >= 0xC2 && c <= 0xDF) { more = 1; cp = c & 0x1Fu; }
+        else if (c >= 0xE0 && c <= 0xEF) { more = 2; cp = c & 0x0Fu; }
+        else if (c >= 0xF0 && c <= 0xF4) { more = 3; cp = c & 0x07u; }
+        else return false;
+        if (i + static_cast<std::size_t>(more) >= n) return false;  // cut short
+        for (int k = 1; k <= more; ++k) {
+            const auto d = static_cast<unsigned char>(text[i + static_cast<std::size_t>(k)]);
+            if ((d & 0xC0u) != 0x80u) return false;
+            cp = (cp << 6) | (d & 0x3Fu);
+        }
+        // Overlong forms, surrogates and code points above U+10FFFF.
+        if ((more == 2 && cp < 0x800) || (more == 3 && (cp < 0x10000 || cp > 0x10FFFF)) ||
+            (cp >= 0xD800 && cp <= 0xDFFF))
+            return false;
+        i += static_cast<std::size_t>(more) + 1;
+    }
+    return true;
+}
+
+std::string TextToUtf8(std::string_view text) {
+    bool ascii = true;
+    for (char c : text)
+        if (static_cast<unsigned char>(c) >= 0x80) { ascii = false; break; }
+    if (ascii || IsValidUtf8(text)) return std::string(text);
+    std::string out;
+    out.reserve(text.size() + text.size() / 2);
+    for (unsigned char c : text) {
+        if (c < 0x80) out += static_cast<char>(c);
+        else AppendUtf8(out, c < 0xA0 ? kCp1252High[c - 0x80] : c);
+    }
+    return out;
+}
+
 Date Today() {
     const std::time_t now = std::time(nullptr);
     std::tm tm{};

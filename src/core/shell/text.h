@@ -19,6 +19,13 @@ std::string CleanName(int mode, std::string_view text);
 // apostrophes, other bytes above 127 are taken as Windows-1252.
 std::string OemToAnsi(std::string_view oem);
 
+// Text read from a file, as valid UTF-8: text that is valid UTF-8 comes back
+// as it is; anything else is the old system's Windows code page (1252) and is
+// converted, so "K\xFChlhaus" becomes "Kühlhaus". Every reader of the data
+// directory, the settings and the project files passes its text through here.
+std::string TextToUtf8(std::string_view text);
+bool IsValidUtf8(std::string_view text);
+
 // A calendar date.
 struct Date {
     int year = 2000, month = 1, day = 1;

@@ -32,6 +32,10 @@ struct Workspace {
     std::filesystem::path programDir;
     // Where KV_hist.log is written (the current directory of the run).
     std::filesystem::path historyDir;
+    // A data directory given for this run alone (the batch tool's
+    // --data-dir): it replaces the settings' one before anything is
+    // installed, and the settings file keeps its own.
+    std::filesystem::path dataDirOverride;
 
     Settings settings;
     Project project;
