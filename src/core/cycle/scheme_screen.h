@@ -40,6 +40,11 @@ struct SchemeScreen {
     std::string LeistZ, COP_Heiz, Eta_heiz, BetrKo, CO2consum, Zuheiz;
     std::string ECOWTPN;            // heat of the economizer, kW
     std::string tIntermediate, pIntermediate;
+    // The reference check beside the empirical figures: its heating COP and
+    // discharge temperature (empty without a reference table), red with the
+    // tooltip when the empirical COP strays too far from it.
+    std::string RefCOP, RefTEnd, RefTip;
+    bool RefRed = false;
 
     // Line groups by line section 1..8 (injection .. economizer suction).
     std::array<LineGroup, 9> lines{};
