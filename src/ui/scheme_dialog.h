@@ -52,6 +52,8 @@ private:
     PictureView* view_ = nullptr;
     QCheckBox *hub_ = nullptr, *keep_ = nullptr, *eco_ = nullptr;
     QLabel *psi0_ = nullptr, *psic_ = nullptr;
+    // Heating COP and discharge temperature, empirical and reference.
+    QLabel *merit_ = nullptr, *reference_ = nullptr;
     std::array<LineRow, 9> lines_{};
     bool filling_ = false;
 };

@@ -104,6 +104,24 @@ TEST_F(SettingsFile, SaveAndLoadGiveTheSameSettings) {
     EXPECT_EQ(kv::ReadWholeFile(ws.settingsFile), first);
 }
 
+TEST_F(SettingsFile, IsentropicEfficiencyOfTheReferenceCheckOnLineFour) {
+    kv::LoadSettings(ws);
+    EXPECT_DOUBLE_EQ(ws.settings.ReferenceEtaIs, 0.7);
+    ws.settings.ReferenceEtaIs = 0.65;
+    ASSERT_TRUE(kv::SaveSettings(ws));
+    const std::string text = kv::ReadWholeFile(ws.settingsFile);
+    EXPECT_NE(text.find("\r\n0.65\r\n"), std::string::npos);
+    kv::LoadSettings(ws);
+    EXPECT_DOUBLE_EQ(ws.settings.ReferenceEtaIs, 0.65);
+    // A file of three lines (older programs) and one out of range give 0.7.
+    const std::string threeLines = text.substr(0, text.find("0.65\r\n"));
+    for (const std::string& file : {threeLines, threeLines + "1.5\r\n", threeLines + "x\r\n"}) {
+        kv::WriteFileAtomic(ws.settingsFile, file);
+        kv::LoadSettings(ws);
+        EXPECT_DOUBLE_EQ(ws.settings.ReferenceEtaIs, 0.7);
+    }
+}
+
 TEST_F(SettingsFile, DamagedFilesGiveDefaultsWithoutComplaint) {
     for (const std::string& bad : kvtest::DamagedContents("\"\",\"x\",\"\",\"GER\"\r\n")) {
         kv::WriteFileAtomic(ws.settingsFile, bad);

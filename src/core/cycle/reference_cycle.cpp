@@ -88,7 +88,7 @@ ReferenceCycle ReferenceOfRun(Workspace& ws, double t0C, double tcC, double supe
         none.etaIs = in.etaIs;
         return none;
     }
-    const SuperheatTable& table = ws.properties.Superheat(ws.DataDir(), SuperheatFileName(file));
+    const SuperheatTable& table = ws.properties.Superheat(ws.project.DatenVerz, SuperheatFileName(file));
     return ComputeReferenceCycle(table, in);
 }
 

@@ -52,7 +52,8 @@ public:
     // The superheated-vapour table of the reference check: parsed at the
     // first look-up and then held for the run without looking at the file
     // again (factory data that no screen edits; every calculation asks).
-    const SuperheatTable& Superheat(const std::filesystem::path& dataDir, const std::string& fileName);
+    // The directory comes as text: no path is built on a look-up.
+    const SuperheatTable& Superheat(const std::string& dataDir, const std::string& fileName);
     // Forgets everything: the next look-ups read the files anew.
     void Clear();
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <filesystem>
 
 namespace kv {
 namespace {
@@ -61,69 +60,124 @@ struct Span {
 };
 Span NodesOf(const SuperheatTable& t, const Isobar& b) { return {t.nodes.data() + b.first, b.count}; }
 
-// The interval [j, j+1] holding t, and the stencil of up to four nodes around it.
-std::size_t Interval(Span s, double t) {
-    std::size_t j = 0;
-    while (j + 2 < s.m && s.n[j + 1].t <= t) ++j;
-    return j;
-}
-void Stencil(std::size_t j, std::size_t m, std::size_t& lo, std::size_t& hi) {
-    lo = j > 0 ? j - 1 : 0;
-    hi = std::min(m, j + 3);
+// The cubic through up to four nodes of an isobar, as the Lagrange form with
+// its denominators folded into the weights of each node.
+struct Cubic {
+    std::size_t lo = 0, n = 0;  // nodes lo .. lo+n-1 of the isobar
+    double x[4]{};              // their temperatures
+    double c[4]{};              // 1 / prod(x_i - x_k)
+    // The basis at t: b[i] = c[i] prod_{k != i} (t - x_k).
+    void Basis(double t, double* b) const {
+        for (std::size_t i = 0; i < n; ++i) {
+            double l = c[i];
+            for (std::size_t k = 0; k < n; ++k)
+                if (k != i) l *= t - x[k];
+            b[i] = l;
+        }
+    }
+};
+
+// The cubic of the node interval [j, j+1]: the nodes j-1 .. j+2 where they exist.
+Cubic CubicOfInterval(Span s, std::size_t j) {
+    Cubic q;
+    q.lo = j > 0 ? j - 1 : 0;
+    q.n = std::min(s.m, j + 3) - q.lo;
+    for (std::size_t i = 0; i < q.n; ++i) q.x[i] = s.n[q.lo + i].t;
+    for (std::size_t i = 0; i < q.n; ++i) {
+        double d = 1.0;
+        for (std::size_t k = 0; k < q.n; ++k)
+            if (k != i) d *= q.x[i] - q.x[k];
+        q.c[i] = 1.0 / d;
+    }
+    return q;
 }
 
-// The state on an isobar at temperature t, by a cubic through the nearest nodes.
-bool OnIsobar(Span s, double t, VapourState& out) {
-    if (s.m < 2 || t < s.n[0].t - kEdge || t > s.n[s.m - 1].t + kEdge) return false;
-    std::size_t lo, hi;
-    Stencil(Interval(s, t), s.m, lo, hi);
-    double x[4]{}, w[4]{};
-    for (std::size_t i = lo; i < hi; ++i) x[i - lo] = s.n[i].t;
-    Weights(x, hi - lo, t, w);
-    out = {t, 0.0, 0.0, 0.0};
-    double lnRho = 0.0;
-    for (std::size_t i = lo; i < hi; ++i) {
-        out.h += w[i - lo] * s.n[i].h;
-        out.s += w[i - lo] * s.n[i].s;
-        lnRho += w[i - lo] * std::log(s.n[i].rho);
+// The node interval holding t (the first or last one beyond the ends).
+std::size_t IntervalOf(Span s, double t) {
+    const SuperheatNode* it =
+        std::upper_bound(s.n, s.n + s.m, t, [](double v, const SuperheatNode& n) { return v < n.t; });
+    const std::size_t j = it == s.n ? 0 : static_cast<std::size_t>(it - s.n) - 1;
+    return std::min(j, s.m - 2);
+}
+
+// How far below its dew point an isobar's first cubic is carried on: the
+// vapour's properties run smoothly into the metastable region, and a state
+// between two isobars may lie below the dew point of the higher one.
+constexpr double kBelowDewK = 15.0;
+
+// h, s and ln rho on an isobar at temperature t; `below` K below the first
+// node allowed.
+struct IsobarPoint {
+    double h = 0.0, s = 0.0, lnRho = 0.0;
+};
+bool OnIsobar(Span s, double t, IsobarPoint& out, double below = 0.0) {
+    if (s.m < 2 || t < s.n[0].t - below - kEdge || t > s.n[s.m - 1].t + kEdge) return false;
+    const Cubic q = CubicOfInterval(s, IntervalOf(s, t));
+    double b[4];
+    q.Basis(t, b);
+    out = {};
+    for (std::size_t i = 0; i < q.n; ++i) {
+        const SuperheatNode& n = s.n[q.lo + i];
+        out.h += b[i] * n.h;
+        out.s += b[i] * n.s;
+        out.lnRho += b[i] * n.lnRho;
     }
-    out.rho = std::exp(lnRho);
     return true;
 }
 
 // The temperature on an isobar where h (or s) reaches `target`: the node
-// interval by a scan, then a few secant steps on the cubic.
-VapourFind FindOnIsobar(Span s, bool fromDew, double target, bool byEntropy, double& t) {
+// interval by a scan, then Newton steps on its cubic. `h` gets the enthalpy there.
+VapourFind FindOnIsobar(Span s, bool fromDew, double target, bool byEntropy, double& t, double& h) {
     auto value = [&](const SuperheatNode& n) { return byEntropy ? n.s : n.h; };
     if (s.m < 2) return VapourFind::Outside;
-    if (target < value(s.n[0])) return fromDew ? VapourFind::Wet : VapourFind::Outside;
     if (target > value(s.n[s.m - 1])) return VapourFind::Outside;
     std::size_t j = 0;
     while (j + 2 < s.m && value(s.n[j + 1]) < target) ++j;
-    auto at = [&](double tq) {
-        VapourState v;
-        OnIsobar(s, tq, v);
-        return (byEntropy ? v.s : v.h) - target;
-    };
-    double a = s.n[j].t, b = s.n[j + 1].t;
-    double fa = value(s.n[j]) - target, fb = value(s.n[j + 1]) - target;
-    // Regula falsi with the Illinois step: stays in the interval, converges fast.
-    double x = a;
-    for (int i = 0; i < 30; ++i) {
-        x = fb != fa ? b - fb * (b - a) / (fb - fa) : (a + b) / 2;
-        const double fx = at(x);
-        if (std::fabs(fx) < 1e-9 || std::fabs(b - a) < 1e-7) break;
-        if ((fx < 0) == (fa < 0)) {
-            a = x;
-            fa = fx;
-            fb /= 2;
-        } else {
-            b = x;
-            fb = fx;
-            fa /= 2;
+    // The cubic of the interval in Newton form, for Newton steps with its slope.
+    const Cubic q = CubicOfInterval(s, j);
+    double d[4];
+    for (std::size_t i = 0; i < q.n; ++i) d[i] = value(s.n[q.lo + i]);
+    for (std::size_t k = 1; k < q.n; ++k)
+        for (std::size_t i = q.n - 1; i >= k; --i) d[i] = (d[i] - d[i - 1]) / (q.x[i] - q.x[i - k]);
+    auto at = [&](double tq, double& slope) {
+        double v = d[q.n - 1], dv = 0.0;
+        for (std::size_t i = q.n - 1; i-- > 0;) {
+            dv = dv * (tq - q.x[i]) + v;
+            v = v * (tq - q.x[i]) + d[i];
         }
+        slope = dv;
+        return v - target;
+    };
+    double a = s.n[j].t, b = s.n[j + 1].t, slope = 0.0;
+    if (value(s.n[j]) > target) {
+        // Below the first node: the first cubic carried under the dew point.
+        if (!fromDew) return VapourFind::Outside;
+        b = a;
+        a = s.n[0].t - kBelowDewK;
+        if (at(a, slope) > 0) return VapourFind::Wet;
+    }
+    // Newton steps from the chord, kept inside the interval by bisection.
+    const double fa0 = at(a, slope), fb0 = at(b, slope);
+    double x = fb0 != fa0 ? a - fa0 * (b - a) / (fb0 - fa0) : (a + b) / 2;
+    for (int i = 0; i < 30; ++i) {
+        const double fx = at(x, slope);
+        if (fx < 0) a = x;
+        else b = x;
+        double next = slope > 0 ? x - fx / slope : (a + b) / 2;
+        if (!(next > a && next < b)) next = (a + b) / 2;
+        const bool done = std::fabs(next - x) < 1e-7;
+        x = next;
+        if (done || b - a < 1e-7) break;
     }
     t = x;
+    if (byEntropy) {
+        double w[4];
+        q.Basis(x, w);
+        h = 0.0;
+        for (std::size_t i = 0; i < q.n; ++i) h += w[i] * s.n[q.lo + i].h;
+    } else {
+        h = target;
+    }
     return VapourFind::Found;
 }
 
@@ -131,8 +185,7 @@ VapourFind FindOnIsobar(Span s, bool fromDew, double target, bool byEntropy, dou
 // holds p, as [g0, g1). False when p lies in neither.
 bool Segment(const SuperheatTable& t, double p, std::size_t& g0, std::size_t& g1) {
     const std::size_t n = t.isobars.size();
-    std::size_t sub = 0;
-    while (sub < n && t.isobars[sub].fromDew) ++sub;
+    const std::size_t sub = t.subcritical;
     const double tol = 1e-6;
     if (sub >= 2 && p >= t.isobars[0].p * (1 - tol) && p <= t.isobars[sub - 1].p * (1 + tol)) {
         g0 = 0;
@@ -147,33 +200,32 @@ bool Segment(const SuperheatTable& t, double p, std::size_t& g0, std::size_t& g1
     return false;
 }
 
-// A quantity across the isobars at p: `eval` gives it on one isobar; a cubic
-// in ln p through up to four isobars, the two around p required, an outer
-// one left out where it has no value.
-template <class Eval>
-VapourFind AcrossIsobars(const SuperheatTable& t, double p, Eval eval, double& out) {
+// Quantities across the isobars at p: `eval` gives them on one isobar; a
+// cubic in ln p through up to four isobars, the two around p required, an
+// outer one left out where it has no value.
+template <std::size_t N, class Eval>
+VapourFind AcrossIsobars(const SuperheatTable& t, double p, Eval eval, std::array<double, N>& out) {
     std::size_t g0, g1;
     if (!(p > 0) || !Segment(t, p, g0, g1)) return VapourFind::Outside;
     const double lnP = std::log(p);
     std::size_t k = g0;
     while (k + 2 < g1 && t.isobars[k + 1].lnP <= lnP) ++k;
     const std::size_t lo = k > g0 ? k - 1 : g0, hi = std::min(g1, k + 3);
-    double x[4]{}, y[4]{}, w[4]{};
+    double x[4]{}, w[4]{};
+    std::array<double, N> y[4]{};
     std::size_t n = 0;
     for (std::size_t i = lo; i < hi; ++i) {
-        double v = 0.0;
-        const VapourFind r = eval(t.isobars[i], v);
+        const VapourFind r = eval(t.isobars[i], y[n]);
         if (r != VapourFind::Found) {
             if (i == k || i == k + 1) return r;
             continue;
         }
-        x[n] = t.isobars[i].lnP;
-        y[n] = v;
-        ++n;
+        x[n++] = t.isobars[i].lnP;
     }
     Weights(x, n, lnP, w);
-    out = 0.0;
-    for (std::size_t i = 0; i < n; ++i) out += w[i] * y[i];
+    out.fill(0.0);
+    for (std::size_t i = 0; i < n; ++i)
+        for (std::size_t q = 0; q < N; ++q) out[q] += w[i] * y[i][q];
     return VapourFind::Found;
 }
 
@@ -198,7 +250,7 @@ SuperheatTable ParseSuperheatTable(std::string_view text) {
             table.sat.push_back(r);
         } else if ((kind == 'V' || kind == 'v') && n >= 5) {
             const double p = v[0];
-            const SuperheatNode node{v[1], v[2], v[3], v[4]};
+            const SuperheatNode node{v[1], v[2], v[3], v[4], std::log(v[4] > 0 ? v[4] : 1.0)};
             if (!(p > 0) || !(node.rho > 0)) continue;
             if (table.isobars.empty() || table.isobars.back().p != p) {
                 // A new isobar; one whose pressure does not rise is left out.
@@ -228,6 +280,8 @@ SuperheatTable ParseSuperheatTable(std::string_view text) {
                      table.nodes.begin() + static_cast<std::ptrdiff_t>(b.first + b.count));
         kept.push_back(c);
     }
+    table.subcritical = 0;
+    while (table.subcritical < kept.size() && kept[table.subcritical].fromDew) ++table.subcritical;
     table.isobars = std::move(kept);
     table.nodes = std::move(nodes);
     table.present = table.sat.size() >= 2 && table.isobars.size() >= 2;
@@ -235,7 +289,8 @@ SuperheatTable ParseSuperheatTable(std::string_view text) {
 }
 
 std::string SuperheatFileName(const std::string& saturationFile) {
-    return std::filesystem::path(saturationFile).stem().string() + "_SH.DAT";
+    const std::size_t dot = saturationFile.rfind('.');
+    return saturationFile.substr(0, dot) + "_SH.DAT";
 }
 
 bool SaturationAtMean(const SuperheatTable& table, double tmC, SuperheatSatRow& out) {
@@ -263,28 +318,26 @@ bool SaturationAtMean(const SuperheatTable& table, double tmC, SuperheatSatRow& 
 }
 
 namespace {
-// Vapour at p: each isobar evaluated at its dew point + superheatK, or at tC.
+// Vapour at p: each isobar evaluated at its dew point + x (below the critical
+// pressure), or at t = x (above it).
 bool VapourAt(const SuperheatTable& table, double p, double x, bool bySuperheat, VapourState& out) {
     std::size_t g0, g1;
     if (!(p > 0) || !Segment(table, p, g0, g1)) return false;
     if (bySuperheat != table.isobars[g0].fromDew) return false;
-    // Three passes over the same stencil: h, s, ln rho, and the temperature.
-    std::array<double, 4> result{};
-    for (int q = 0; q < 4; ++q) {
-        const VapourFind r = AcrossIsobars(
-            table, p,
-            [&](const Isobar& b, double& v) {
-                const Span s = NodesOf(table, b);
-                const double t = bySuperheat ? s.n[0].t + x : x;
-                VapourState st;
-                if (!OnIsobar(s, t, st)) return VapourFind::Outside;
-                v = q == 0 ? st.h : q == 1 ? st.s : q == 2 ? std::log(st.rho) : t;
-                return VapourFind::Found;
-            },
-            result[static_cast<std::size_t>(q)]);
-        if (r != VapourFind::Found) return false;
-    }
-    out = {result[3], result[0], result[1], std::exp(result[2])};
+    std::array<double, 4> v{};  // h, s, ln rho, t
+    const VapourFind r = AcrossIsobars(
+        table, p,
+        [&](const Isobar& b, std::array<double, 4>& y) {
+            const Span s = NodesOf(table, b);
+            const double t = bySuperheat ? s.n[0].t + x : x;
+            IsobarPoint pt;
+            if (!OnIsobar(s, t, pt)) return VapourFind::Outside;
+            y = {pt.h, pt.s, pt.lnRho, t};
+            return VapourFind::Found;
+        },
+        v);
+    if (r != VapourFind::Found) return false;
+    out = {v[3], v[0], v[1], std::exp(v[2])};
     return true;
 }
 }  // namespace
@@ -297,27 +350,44 @@ bool VapourAtTemperature(const SuperheatTable& table, double p, double tC, Vapou
     return VapourAt(table, p, tC, false, out);
 }
 
+namespace {
+bool FromDew(const SuperheatTable& table, double p) {
+    std::size_t g0, g1;
+    return Segment(table, p, g0, g1) && table.isobars[g0].fromDew;
+}
+
+// The vapour at p whose h (or s) is `target`, across the isobars: its
+// temperature and enthalpy. Below the critical pressure the isobars meet at
+// equal superheat; a negative one is wet vapour.
+VapourFind VapourWhere(const SuperheatTable& table, double p, double target, bool byEntropy, double& t,
+                       double& h) {
+    std::array<double, 3> v{};  // superheat (or t), t, h
+    const VapourFind r = AcrossIsobars(table, p,
+                                       [&](const Isobar& b, std::array<double, 3>& y) {
+                                           const Span sp = NodesOf(table, b);
+                                           double tf = 0.0, hf = 0.0;
+                                           const VapourFind f =
+                                               FindOnIsobar(sp, b.fromDew, target, byEntropy, tf, hf);
+                                           y = {b.fromDew ? tf - sp.n[0].t : tf, tf, hf};
+                                           return f;
+                                       },
+                                       v);
+    if (r != VapourFind::Found) return r;
+    if (FromDew(table, p) && v[0] < -kEdge) return VapourFind::Wet;
+    t = v[1];
+    h = v[2];
+    return VapourFind::Found;
+}
+}  // namespace
+
 VapourFind VapourEnthalpyAtEntropy(const SuperheatTable& table, double p, double s, double& h) {
-    return AcrossIsobars(table, p,
-                         [&](const Isobar& b, double& v) {
-                             const Span sp = NodesOf(table, b);
-                             double t = 0.0;
-                             const VapourFind r = FindOnIsobar(sp, b.fromDew, s, true, t);
-                             if (r != VapourFind::Found) return r;
-                             VapourState st;
-                             OnIsobar(sp, t, st);
-                             v = st.h;
-                             return r;
-                         },
-                         h);
+    double t = 0.0;
+    return VapourWhere(table, p, s, true, t, h);
 }
 
 VapourFind VapourTemperatureAtEnthalpy(const SuperheatTable& table, double p, double h, double& tC) {
-    return AcrossIsobars(table, p,
-                         [&](const Isobar& b, double& v) {
-                             return FindOnIsobar(NodesOf(table, b), b.fromDew, h, false, v);
-                         },
-                         tC);
+    double hFound = 0.0;
+    return VapourWhere(table, p, h, false, tC, hFound);
 }
 
 }  // namespace kv

@@ -34,6 +34,7 @@ struct SuperheatNode {
     double h = 0.0;    // kJ/kg
     double s = 0.0;    // kJ/(kg K)
     double rho = 0.0;  // kg/m³
+    double lnRho = 0.0;  // ln rho: the density is interpolated in its logarithm
 };
 
 struct Isobar {
@@ -47,6 +48,7 @@ struct SuperheatTable {
     std::vector<SuperheatSatRow> sat;  // rising tm
     std::vector<SuperheatNode> nodes;
     std::vector<Isobar> isobars;       // rising p
+    std::size_t subcritical = 0;       // the first isobars, up to the last saturation pressure
     bool present = false;              // the file held usable rows of both kinds
 };
 
