@@ -210,12 +210,18 @@ TEST_F(SettingsFile, DefaultsScreenWritesTheStoredFields) {
     d.PictureSet = "9";  // out of range: the last set
     d.energyPrice = "0,35";
     d.DefaultCountry = "AUSTRIA";
+    EXPECT_EQ(d.referenceEtaIs, "0.7");
+    d.referenceEtaIs = "0,75";
     ASSERT_TRUE(kv::ApplyDefaults(ws, d));
     kv::Workspace again = ws;
     kv::LoadSettings(again);
     EXPECT_EQ(again.settings.Waehrung, "CHF");
     EXPECT_EQ(again.settings.DezimalModus, 1);
     EXPECT_EQ(again.settings.PictureSet, 5);
+    EXPECT_DOUBLE_EQ(again.settings.ReferenceEtaIs, 0.75);
+    d.referenceEtaIs = "7";  // not an efficiency: the default
+    ASSERT_TRUE(kv::ApplyDefaults(ws, d));
+    EXPECT_DOUBLE_EQ(ws.settings.ReferenceEtaIs, 0.7);
     EXPECT_EQ(Get("energk.dat"), "\"12\",\"365\",\"0.35\",\"0.5\"\r\n");
     EXPECT_EQ(kv::DefaultCountryKey(ws), "AUSTRIA");
 }
