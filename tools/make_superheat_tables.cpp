@@ -9,11 +9,11 @@
 //   S,tm,p,tBubble,tDew,hLiq,hVap,sLiq,sVap,cpLiq
 //     saturation at the mean temperature tm = (tBubble + tDew) / 2 in 1 K
 //     steps over the saturation table's range; hLiq, sLiq of the bubble-point
-//     liquid, hVap, sVap of the dew-point vapour at p; cpLiq the mean liquid
-//     specific heat over the 5 K below the bubble point at p.
+//     liquid, hVap, sVap of the dew-point vapour at p; cpLiq the mean slope
+//     of the bubble-line liquid enthalpy over the 5 K below the bubble point.
 //   V,p,t,h,s,rho
-//     isobars of the vapour: the first node of a subcritical isobar is the
-//     dew point, then whole multiples of the temperature step up to the top
+//     isobars of the vapour: a subcritical isobar starts at its dew point,
+//     then 2 K, 5 K and every temperature step above it up to the top
 //     temperature; supercritical isobars (CO2) start at a fixed temperature.
 // Units: °C, bar abs, kJ/kg, kJ/(kg K), kg/m³. Enthalpy and entropy on the
 // IIR reference (h = 200 kJ/kg, s = 1 kJ/(kg K) for the saturated, for blends
@@ -125,8 +125,9 @@ const std::vector<FluidDef>& Fluids() {
 // Grid of the isobars: pressure ratio between neighbours, temperature step.
 constexpr double kPressureRatio = 1.35;
 constexpr double kStepK = 15.0;
-// Supercritical CO2: isobars every 1 bar from 74 to 120 bar, every 2 bar to
-// 150 bar; nodes from 25 °C, 1 K apart up to 60 °C, then the usual step.
+// Supercritical CO2: isobars every 2 bar from 74 to 110 bar, every 5 bar to
+// 150 bar; nodes from 25 °C, 1 K apart up to 50 °C (the steep pseudo-critical
+// region of the gas cooler outlet), then 10 K apart.
 constexpr double kCo2LowC = 25.0;
 constexpr double kCo2FineToC = 50.0;
 
@@ -301,7 +302,7 @@ bool VapourNode(Fluid& f, double p, double tK, bool dew, bool gas, std::ostrings
 
 // One isobar. Subcritical: nodes at the dew point and 2, 5, 10, 20, 30 ... K
 // above it (the vapour's properties bend most near the dew point).
-// Supercritical: from tStartK, 1 K apart up to fineToC, then 5 K apart.
+// Supercritical: from tStartK, 1 K apart up to fineToC, then 10 K apart.
 int Isobar(Fluid& f, double p, double tStartK, bool dew, double topC, double fineToC, std::ostringstream& out) {
     int n = 0;
     if (!VapourNode(f, p, tStartK, dew, dew, out)) return 0;
