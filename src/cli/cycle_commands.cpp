@@ -48,6 +48,17 @@ bool CalculateProject(const Options& o, kv::Workspace& ws, kv::SchemeScreen& sch
     return true;
 }
 
+// The reference check: null where the refrigerant has no reference table.
+nlohmann::json ReferenceJson(const kv::CycleState& c) {
+    const kv::ReferenceCycle& r = c.reference;
+    if (!r.valid) return nullptr;
+    return {{"copHeating", r.copHeating},
+            {"copCooling", r.copCooling},
+            {"tDischargeC", r.t2C},
+            {"etaIs", r.etaIs},
+            {"deviationPercent", c.referenceDeviation}};
+}
+
 nlohmann::json CycleJson(const kv::Workspace& ws) {
     const kv::CycleState& c = ws.cycle;
     nlohmann::json j;
@@ -94,6 +105,7 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
         lines[kNames[i]] = l;
     }
     j["lines"] = lines;
+    j["reference"] = ReferenceJson(c);
     return j;
 }
 

@@ -38,6 +38,7 @@ DefaultsDialog::DefaultsDialog(kv::Workspace& ws, QWidget* parent)
     form->addRow(label(kv::Cap::DaysPerYear, "d"), bind_.Text(d.daysPerYear, {}, "DaysPerYear"));
     form->addRow(label(kv::Cap::EnergyPrice, (ws.settings.Waehrung + "/kWh").c_str()), bind_.Text(d.energyPrice, {}, "EnergyPrice"));
     form->addRow(label(kv::Cap::LoadFactor), bind_.Text(d.loadFactor, {}, "LoadFactor"));
+    form->addRow(label(kv::Cap::ReferenceEtaIs), bind_.Text(d.referenceEtaIs, {}, "ReferenceEtaIs"));
     form->addRow(label(kv::Cap::Version), new QLabel(Q(d.version)));
     bind_.Refresh();
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);

@@ -123,6 +123,12 @@ QWidget* SchemeDialog::BuildEntries() {
         kv::SetEcoCheck(ws_, screen_, on);
         Refresh();
     });
+    merit_ = new QLabel;
+    merit_->setObjectName(QStringLiteral("MeritFigures"));
+    reference_ = new QLabel;
+    reference_->setObjectName(QStringLiteral("ReferenceFigures"));
+    form->addRow(QStringLiteral("COP, t2 :"), merit_);
+    form->addRow(Label(ws_, kv::Cap::ReferenceCheck), reference_);
     form->addRow(hub_);
     form->addRow(keep_);
     form->addRow(eco_);
@@ -225,6 +231,12 @@ void SchemeDialog::Refresh() {
         SetRed(r.velocity, g.velocity, g.velocityRed);
         SetRed(r.minLoad, g.minLoad, g.minLoadRed);
     }
+    auto pair = [](const std::string& cop, const std::string& t2) {
+        return cop.empty() ? std::string() : cop + "   " + t2;
+    };
+    merit_->setText(Q(pair(screen_.COP_Heiz, screen_.tEnd)));
+    SetRed(reference_, pair(screen_.RefCOP, screen_.RefTEnd), screen_.RefRed);
+    reference_->setToolTip(Q(screen_.RefTip));
     view_->SetPicture(kv::ComposeSchemePicture(ws_, screen_));
     filling_ = false;
 }

@@ -53,6 +53,8 @@ private:
     QCheckBox *hub_ = nullptr, *keep_ = nullptr, *eco_ = nullptr;
     QLabel *psi0_ = nullptr, *psic_ = nullptr;
     QLabel* notes_ = nullptr;  // doubts on the figures, in red
+    // Heating COP and discharge temperature, empirical and reference.
+    QLabel *merit_ = nullptr, *reference_ = nullptr;
     std::array<LineRow, 9> lines_{};
     bool filling_ = false;
 };

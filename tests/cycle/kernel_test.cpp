@@ -54,6 +54,41 @@ TEST_F(Kernel, EverySampleCalculatesWithSoundFigures) {
     }
 }
 
+TEST_F(Kernel, ReferenceCheckBesideTheRun) {
+    OpenSample("AirWater_R290.prj");
+    ASSERT_TRUE(kv::CalculateCycle(ws, s, kv::FirstCalculation));
+    const kv::CycleState& c = ws.cycle;
+    ASSERT_TRUE(c.reference.valid);
+    EXPECT_DOUBLE_EQ(c.reference.etaIs, 0.7);
+    EXPECT_NEAR(c.referenceDeviation, (c.eer + 1) / c.reference.copHeating * 100 - 100, 1e-9);
+    EXPECT_GT(c.reference.t2C, kv::ToNumber(s.Tc).value);
+    EXPECT_EQ(s.RefCOP, kv::CutText(c.reference.copHeating, 2));
+    EXPECT_EQ(s.RefRed, std::fabs(c.referenceDeviation) > kv::kReferenceDeviationLimit);
+
+    // A better compressor raises the reference COP.
+    const double copAt07 = c.reference.copHeating;
+    ws.settings.ReferenceEtaIs = 0.9;
+    ASSERT_TRUE(kv::CalculateCycle(ws, s, kv::Recalculate));
+    EXPECT_GT(ws.cycle.reference.copHeating, copAt07);
+
+    // The R410A sample strays by more than 15 %: red, with its tooltip.
+    ws.settings.ReferenceEtaIs = 0.7;
+    OpenSample("Brine_R410A.prj");
+    ASSERT_TRUE(kv::CalculateCycle(ws, s, kv::FirstCalculation));
+    EXPECT_GT(ws.cycle.referenceDeviation, kv::kReferenceDeviationLimit);
+    EXPECT_TRUE(s.RefRed);
+    EXPECT_EQ(s.RefTip, ws.captions[kv::Cap::ReferenceStrays]);
+
+    // A fluid without a reference table: the run stands, the check is absent.
+    ws.project.KaelteM = "R723";
+    messages.clear();
+    ASSERT_TRUE(kv::CalculateCycle(ws, s, kv::Recalculate));
+    EXPECT_FALSE(ws.cycle.reference.valid);
+    EXPECT_TRUE(s.RefCOP.empty());
+    EXPECT_FALSE(s.RefRed);
+    EXPECT_TRUE(messages.empty());
+}
+
 TEST_F(Kernel, CapacitiesAndFiguresOfMerit) {
     EXPECT_DOUBLE_EQ(kv::RefrigeratingCapacity(100, 3), 75);
     ws.cycle.Q0 = 30;

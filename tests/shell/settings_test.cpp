@@ -105,6 +105,24 @@ TEST_F(SettingsFile, SaveAndLoadGiveTheSameSettings) {
     EXPECT_EQ(kv::ReadWholeFile(ws.settingsFile), first);
 }
 
+TEST_F(SettingsFile, IsentropicEfficiencyOfTheReferenceCheckOnLineFour) {
+    kv::LoadSettings(ws);
+    EXPECT_DOUBLE_EQ(ws.settings.ReferenceEtaIs, 0.7);
+    ws.settings.ReferenceEtaIs = 0.65;
+    ASSERT_TRUE(kv::SaveSettings(ws));
+    const std::string text = kv::ReadWholeFile(ws.settingsFile);
+    EXPECT_NE(text.find("\r\n0.65\r\n"), std::string::npos);
+    kv::LoadSettings(ws);
+    EXPECT_DOUBLE_EQ(ws.settings.ReferenceEtaIs, 0.65);
+    // A file of three lines (older programs) and one out of range give 0.7.
+    const std::string threeLines = text.substr(0, text.find("0.65\r\n"));
+    for (const std::string& file : {threeLines, threeLines + "1.5\r\n", threeLines + "x\r\n"}) {
+        kv::WriteFileAtomic(ws.settingsFile, file);
+        kv::LoadSettings(ws);
+        EXPECT_DOUBLE_EQ(ws.settings.ReferenceEtaIs, 0.7);
+    }
+}
+
 TEST_F(SettingsFile, DamagedFilesGiveDefaultsWithoutComplaint) {
     for (const std::string& bad : kvtest::DamagedContents("\"\",\"x\",\"\",\"GER\"\r\n")) {
         kv::WriteFileAtomic(ws.settingsFile, bad);
@@ -205,12 +223,18 @@ TEST_F(SettingsFile, DefaultsScreenWritesTheStoredFields) {
     EXPECT_EQ(kv::FileLength(ws, "energk.dat"), 0u);
     d.DatenVerz = dataDir;
     d.loadFactor = "0.5";
+    EXPECT_EQ(d.referenceEtaIs, "0.7");
+    d.referenceEtaIs = "0,75";
     ASSERT_TRUE(kv::ApplyDefaults(ws, d));
     kv::Workspace again = ws;
     kv::LoadSettings(again);
     EXPECT_EQ(again.settings.Waehrung, "CHF");
     EXPECT_EQ(again.settings.DezimalModus, 1);
     EXPECT_EQ(again.settings.PictureSet, 5);
+    EXPECT_DOUBLE_EQ(again.settings.ReferenceEtaIs, 0.75);
+    d.referenceEtaIs = "7";  // not an efficiency: the default
+    ASSERT_TRUE(kv::ApplyDefaults(ws, d));
+    EXPECT_DOUBLE_EQ(ws.settings.ReferenceEtaIs, 0.7);
     EXPECT_EQ(Get("energk.dat"), "\"12\",\"365\",\"0.35\",\"0.5\"\r\n");
     EXPECT_EQ(kv::DefaultCountryKey(ws), "AUSTRIA");
 }

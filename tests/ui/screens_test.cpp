@@ -71,6 +71,13 @@ TEST_F(Screens, CalculateFromTheDataScreenAndTrimALine) {
     scheme->findChild<QPushButton*>(QStringLiteral("rechbutt"))->click();
     EXPECT_TRUE(ws.cycle.valid);
     EXPECT_GT(ws.cycle.Q0, 0);
+    // The R410A sample strays from the reference by more than 15 %: red, explained.
+    auto* reference = scheme->findChild<QLabel*>(QStringLiteral("ReferenceFigures"));
+    ASSERT_NE(reference, nullptr);
+    EXPECT_TRUE(reference->text().startsWith(kvui::Q(scheme->Model().RefCOP)));
+    EXPECT_FALSE(scheme->Model().RefCOP.empty());
+    EXPECT_TRUE(reference->styleSheet().contains(QStringLiteral("color")));
+    EXPECT_EQ(reference->toolTip(), kvui::Q(ws.captions[kv::Cap::ReferenceStrays]));
     auto* bar = scheme->findChild<QScrollBar*>(QStringLiteral("SaugScroll2"));
     ASSERT_NE(bar, nullptr);
     EXPECT_EQ(bar->value(), ws.cycle.lineRow[kv::Suction]);

@@ -8,6 +8,8 @@
 
 #include <array>
 
+#include "cycle/reference_cycle.h"
+
 namespace kv {
 
 // One row of a saturation table, its seven fields in file order. After a
@@ -96,6 +98,11 @@ struct CycleState {
     std::array<double, 9> lineOilCarry{};
     std::array<bool, 9> lineLossRed{}, lineVelocityRed{}, lineOilRed{};
     bool diametersFixed = false;  // rows 1..5 of lineRow stand; nothing is sized
+
+    // The reference check of the run (reference equation of state, no line
+    // losses) and the empirical heating COP against its heating COP, %.
+    ReferenceCycle reference;
+    double referenceDeviation = 0.0;
 };
 
 }  // namespace kv

@@ -6,6 +6,7 @@
 
 #include "cycle/plausibility.h"
 #include "cycle/run_checks.h"
+#include "cycle/reference_cycle.h"
 #include "cycle/scheme_screen.h"
 #include "lines/line_data.h"
 #include "lines/line_sizing.h"
@@ -441,6 +442,9 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         if ((i == Suction || i == Discharge) && c.lineOilCarry[static_cast<std::size_t>(i)] > 0)
             g.minLoad = NumberText(OilCarryShown(c.lineOilCarry[static_cast<std::size_t>(i)])) + " %";
     }
+
+    // The same cycle from the reference equation of state, beside the figures.
+    ShowReferenceCheck(ws, s, t0, tc, superheatEvap + superheatLine, subcooling);
 
     // 27
     p.CalcState = 1;

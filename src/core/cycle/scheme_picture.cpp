@@ -185,6 +185,7 @@ DrawingList ComposeSchemePicture(const Workspace& ws, const SchemeScreen& s) {
     };
     add("EER", s.LeistZ);
     add("COP", s.COP_Heiz);
+    add(c[Cap::ReferenceCheck] + " COP", s.RefCOP);
     add(c[Cap::AnnualCost], s.BetrKo.empty() ? "" : s.BetrKo + " " + ws.settings.Waehrung);
     add("CO2", s.CO2consum.empty() ? "" : s.CO2consum + " t");
     d.Text(20, kSchemeHeight - 12, merit, Font(12, true), kBlack, HAlign::Left, VAlign::Bottom);

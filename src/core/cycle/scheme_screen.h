@@ -43,6 +43,11 @@ struct SchemeScreen {
     std::string ECOWTPN;            // heat of the economizer, kW
     std::string tIntermediate, pIntermediate;
     std::vector<std::string> notes;  // doubts on the figures (cycle/plausibility.h), shown in red
+    // The reference check beside the empirical figures: its heating COP and
+    // discharge temperature (empty without a reference table), red with the
+    // tooltip when the empirical COP strays too far from it.
+    std::string RefCOP, RefTEnd, RefTip;
+    bool RefRed = false;
 
     // Line groups by line section 1..8 (injection .. economizer suction).
     std::array<LineGroup, 9> lines{};

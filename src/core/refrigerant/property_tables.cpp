@@ -119,9 +119,20 @@ const SupercriticalTable& PropertyCache::Supercritical(const fs::path& dataDir, 
     return Get(supercritical_, dataDir, fileName, [](const std::string& text) { return ParseSupercriticalTable(text); });
 }
 
+const SuperheatTable& PropertyCache::Superheat(const std::string& dataDir, const std::string& fileName) {
+    std::string key = dataDir;
+    key += '|';
+    key += fileName;
+    auto it = superheat_.find(key);
+    if (it == superheat_.end())
+        it = superheat_.emplace(key, ParseSuperheatTable(ReadWholeFile(ResolveName(fs::path(dataDir), fileName)))).first;
+    return it->second;
+}
+
 void PropertyCache::Clear() {
     saturation_.clear();
     supercritical_.clear();
+    superheat_.clear();
 }
 
 }  // namespace kv

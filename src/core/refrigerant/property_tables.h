@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "cycle/cycle_state.h"
+#include "refrigerant/superheat_table.h"
 
 namespace kv {
 
@@ -48,6 +49,11 @@ public:
     // when the file has changed.
     const SaturationTable& Saturation(const std::filesystem::path& dataDir, const std::string& fileName);
     const SupercriticalTable& Supercritical(const std::filesystem::path& dataDir, const std::string& fileName);
+    // The superheated-vapour table of the reference check: parsed at the
+    // first look-up and then held for the run without looking at the file
+    // again (factory data that no screen edits; every calculation asks).
+    // The directory comes as text: no path is built on a look-up.
+    const SuperheatTable& Superheat(const std::string& dataDir, const std::string& fileName);
     // Forgets everything: the next look-ups read the files anew.
     void Clear();
 
@@ -69,6 +75,7 @@ private:
 
     std::map<std::string, Entry<SaturationTable>> saturation_;
     std::map<std::string, Entry<SupercriticalTable>> supercritical_;
+    std::map<std::string, SuperheatTable> superheat_;
 };
 
 }  // namespace kv

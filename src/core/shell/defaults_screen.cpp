@@ -32,6 +32,7 @@ DefaultsScreen OpenDefaultsScreen(const Workspace& ws) {
     d.energyPrice = "0.3";
     d.loadFactor = "0.5";
     for (std::string* f : {&d.hoursPerDay, &d.daysPerYear, &d.energyPrice, &d.loadFactor}) in.Read(*f);
+    d.referenceEtaIs = NumberText(s.ReferenceEtaIs);
     d.version = s.VersionText;
     return d;
 }
@@ -70,6 +71,7 @@ bool ApplyDefaults(Workspace& ws, const DefaultsScreen& d) {
     s.PictureSet = std::clamp(picture, 0, 5);
     s.SamplePicture = d.SamplePicture;
     s.CableText = d.CableText.empty() ? DefaultCableText() : d.CableText;
+    s.ReferenceEtaIs = ValidReferenceEtaIs(ToNumber(d.referenceEtaIs).value);
     bool ok = SaveSettings(ws);
     {
         OutFile out = OpenOut(ws, "energk.dat");

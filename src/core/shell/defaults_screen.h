@@ -18,6 +18,8 @@ struct DefaultsScreen {
     std::string SamplePicture, CableText, DefaultCountry;
     // The four values of energk.dat: hours a day, days a year, price, load share.
     std::string hoursPerDay, daysPerYear, energyPrice, loadFactor;
+    // Isentropic efficiency of the reference check, 0.3 to 1 (else 0.7).
+    std::string referenceEtaIs;
     std::string version;  // shown, not edited
 };
 

@@ -108,6 +108,9 @@ void LoadSettings(Workspace& ws) {
     in.Read(s.Text3_6);
     in.Read(s.IntText3_7);
     in.Read(s.VersionText);
+    // Line 4.
+    double eta = 0.0;
+    if (in.Read(eta)) s.ReferenceEtaIs = eta;
 
     // The defaults, in the order of the tables.
     if (s.Sprache.size() < 3) s.Sprache = "ENG";
@@ -134,12 +137,17 @@ void LoadSettings(Workspace& ws) {
     if (s.CableText.empty()) s.CableText = DefaultCableText();
     if (s.IntText3_7.empty()) s.IntText3_7 = "1";
     if (s.VersionText != kVersionText) s.VersionText = kVersionText;
+    s.ReferenceEtaIs = ValidReferenceEtaIs(s.ReferenceEtaIs);
     s.FixedNumber = 50;
 
     ws.settings = std::move(s);
     ws.project.DatenVerz = ws.dataDirOverride.empty() ? ws.settings.DatenVerz : ws.dataDirOverride.string();
     ws.project.ProjektVerz = ws.settings.ProjektVerz;
     ws.project.RohrDatei = ws.settings.RohrDatei;
+}
+
+double ValidReferenceEtaIs(double eta) {
+    return eta >= 0.3 && eta <= 1.0 ? eta : kDefaultReferenceEtaIs;
 }
 
 bool SaveSettings(Workspace& ws) {
@@ -159,6 +167,7 @@ bool SaveSettings(Workspace& ws) {
     w.Item(s.SamplePicture).Item(NormalizedNumberText(s.IntText3_2)).Item(s.DatumFormat)
         .Item(NormalizedNumberText(s.NumberText3_4)).Item(s.CableText).Item(s.Text3_6)
         .Item(NormalizedNumberText(s.IntText3_7)).Item(s.VersionText).EndLine();
+    w.Item(ValidReferenceEtaIs(s.ReferenceEtaIs)).EndLine();
     return out.Close();
 }
 

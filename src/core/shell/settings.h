@@ -10,8 +10,12 @@ namespace kv {
 struct Workspace;
 
 inline constexpr const char* kVersionText = "10.11.2";
+// A good reciprocating or scroll compressor near its design point.
+inline constexpr double kDefaultReferenceEtaIs = 0.7;
+// The isentropic efficiency as the settings keep it: 0.3 to 1, else the default.
+double ValidReferenceEtaIs(double eta);
 
-// kparam.dat: three lines read strictly by position. Items whose meaning
+// kparam.dat: three lines read strictly by position, and a fourth of our own. Items whose meaning
 // belongs to other programs of the family are carried through unchanged.
 struct Settings {
     // Line 1, 14 items.
@@ -49,6 +53,10 @@ struct Settings {
     std::string Text3_6;
     std::string IntText3_7 = "1";
     std::string VersionText = kVersionText;
+
+    // Line 4: the isentropic efficiency of the reference check (0.3 to 1;
+    // 0.7 when missing or out of range). Older files end before it.
+    double ReferenceEtaIs = kDefaultReferenceEtaIs;
 
     // Fixed after every read.
     int FixedNumber = 50;
