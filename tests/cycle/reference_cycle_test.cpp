@@ -15,6 +15,7 @@
 #include "cycle/reference_cycle.h"
 #include "refrigerant/superheat_table.h"
 #include "shell/files.h"
+#include "shell/numbers.h"
 #include "workspace_fixture.h"
 
 namespace {
@@ -41,7 +42,7 @@ std::map<std::string, std::vector<CycleRow>> ReferenceRows() {
         std::string fluid, cell;
         std::getline(ss, fluid, ',');
         std::vector<double> v;
-        while (std::getline(ss, cell, ',')) v.push_back(std::stod(cell));
+        while (std::getline(ss, cell, ',')) v.push_back(kv::ToNumber(cell));
         if (v.size() < 18) continue;
         rows[fluid].push_back({v[0], v[1], v[2], v[3], v[4], v[5], v[6], v[7], v[8], v[9], v[10], v[11], v[12],
                                v[15], v[16]});

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "refrigerant/superheat_table.h"
+#include "shell/numbers.h"
 #include "workspace_fixture.h"
 
 namespace {
@@ -22,8 +23,8 @@ std::string SmallTable() {
     for (int k = 0; k < 3; ++k)
         for (double sh : {0.0, 2.0, 5.0, 15.0, 30.0, 45.0, 60.0}) {
             const double h = 390 + 15 * k + 1.0 * sh, s = 1.70 - 0.01 * k + 0.003 * sh, rho = 10.0 * (k + 1);
-            t += "V," + std::to_string(ps[k]) + "," + std::to_string(tDew[k] + sh) + "," + std::to_string(h) + "," +
-                 std::to_string(s) + "," + std::to_string(rho) + "\r\n";
+            t += "V," + kv::NumberText(ps[k]) + "," + kv::NumberText(tDew[k] + sh) + "," + kv::NumberText(h) + "," +
+                 kv::NumberText(s) + "," + kv::NumberText(rho) + "\r\n";
         }
     return t;
 }
