@@ -85,6 +85,7 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
         lines[kNames[i]] = l;
     }
     j["lines"] = lines;
+    j["warnings"] = ws.loadWarnings;
     return j;
 }
 

@@ -6,6 +6,7 @@
 #include "cycle/kernel.h"
 #include "cycle/scheme_screen.h"
 #include "energy/annual.h"
+#include "shell/data_dir_access.h"
 #include "shell/files.h"
 
 namespace kvcli {
@@ -20,6 +21,11 @@ int CmdAnnual(const Options& o) {
     const kv::SeasonalResult r = kv::RechKern(ws, scheme);
     if (!r.ran) {
         std::cerr << "kelvaris-cli: the seasonal performance could not be calculated\n";
+        return 1;
+    }
+    // The hour table is what this command leaves in the data directory.
+    if (const kv::WriteFailure f = kv::CopyBackToDataDirectory(ws, {kv::kSeasonFile})) {
+        std::cerr << "kelvaris-cli: the hour table was not written: " << f.Text() << "\n";
         return 1;
     }
 
@@ -42,7 +48,7 @@ int CmdAnnual(const Options& o) {
     j["fullLoadHours"] = r.weightedHours;
     j["designQh"] = ws.cycle.Qh;
     j["designCop"] = ws.cycle.cop;
-    j["hourTable"] = kv::ResolveName(ws, kv::kSeasonFile).string();
+    j["hourTable"] = kv::ResolveName(ws.sharedDataDir, kv::kSeasonFile).string();
     Print(o, j);
     return 0;
 }

@@ -130,7 +130,7 @@ void LoadSettings(Workspace& ws) {
 
 bool SaveSettings(Workspace& ws) {
     Settings& s = ws.settings;
-    s.DatenVerz = ws.project.DatenVerz;
+    s.DatenVerz = ws.sharedDataDir.empty() ? ws.project.DatenVerz : ws.sharedDataDir.string();
     s.ProjektVerz = ws.project.ProjektVerz;
     s.RohrDatei = ws.project.RohrDatei;
     std::error_code ec;

@@ -1,0 +1,62 @@
+#include "shell/staged_writes.h"
+
+#include <system_error>
+
+#include "shell/files.h"
+#include "shell/workspace.h"
+
+namespace kv {
+namespace fs = std::filesystem;
+
+void StagedWrites::Put(const fs::path& path, std::string content) {
+    Remove(path);
+    entries_.back().content = std::move(content);
+}
+
+void StagedWrites::Remove(const fs::path& path) {
+    for (auto it = entries_.begin(); it != entries_.end(); ++it)
+        if (it->path == path) {
+            entries_.erase(it);
+            break;
+        }
+    entries_.push_back({path, std::nullopt});
+}
+
+WriteFailure StagedWrites::Commit() {
+    std::vector<PreparedWrite> prepared;
+    prepared.reserve(entries_.size());
+    for (const Entry& e : entries_) {
+        if (!e.content) continue;
+        prepared.push_back(PrepareWrite(e.path, *e.content));
+        if (prepared.back().failure) {
+            const WriteFailure failure = prepared.back().failure;
+            for (PreparedWrite& p : prepared) AbandonWrite(p);
+            entries_.clear();
+            return failure;
+        }
+    }
+    // All written aside: the swap. A rename in one folder does not fail for
+    // want of space; should one fail all the same, the rest still goes in.
+    WriteFailure first;
+    for (PreparedWrite& p : prepared) {
+        const WriteFailure f = CommitWrite(p);
+        if (f && !first) first = f;
+    }
+    std::error_code ec;
+    for (const Entry& e : entries_)
+        if (!e.content) fs::remove(e.path, ec);
+    entries_.clear();
+    return first;
+}
+
+bool WriteWorkingFile(const Workspace& ws, const fs::path& path, std::string_view content) {
+    if (ws.staging) {
+        ws.staging->Put(path, std::string(content));
+        return true;
+    }
+    const WriteFailure failure = WriteFileChecked(path, content);
+    if (failure) ws.writeFailures.push_back(failure);
+    return !failure;
+}
+
+}  // namespace kv
