@@ -19,12 +19,6 @@ constexpr int kHeadItemsBefore = 9 + 2 + 5 + 2 + 6 + 80 + 32 + 4 + 5 + 4;
 constexpr int kTwoStageItems = 33;
 constexpr int kHeadItemsAfter = 6 + 3 + 3 + 6 + 6;
 
-std::string Join(const std::vector<WriteFailure>& failures) {
-    std::string text;
-    for (const WriteFailure& f : failures) text += "\n" + f.Text();
-    return text;
-}
-
 }  // namespace
 
 std::vector<std::string> ProjectFileShortfalls(const std::string& text, std::string plantType,
@@ -92,10 +86,10 @@ LoadOutcome LoadProjectAndTell(Workspace& ws, std::string& plantType, const std:
                                const std::string& directory) {
     LoadOutcome out = LoadProjectChecked(ws, plantType, filePath, directory);
     if (out.failure) {
-        ws.ui.Message(ws.Title(),
-                      "The project " + filePath + " was not loaded: its working files could not be written." +
-                          Join({out.failure}) + "\nThe open project stays as it was.",
-                      MessageIcon::Error);
+        ws.writeFailures = {out.failure};
+        SayWriteFailures(ws, "The project " + filePath +
+                                 " was not loaded: its working files could not be written. The open project "
+                                 "stays as it was.");
     } else if (!out.warnings.empty()) {
         std::string text;
         for (const std::string& w : out.warnings) text += (text.empty() ? "" : "\n") + w;
@@ -126,10 +120,7 @@ SaveResult SaveProjectAndTell(Workspace& ws, const std::string& plantType, const
     SaveResult result = SaveProject(ws, plantType, directory);
     // A companion that could not be written fails the save as much as the file.
     if (result == SaveResult::Saved && !ws.writeFailures.empty()) result = SaveResult::Failed;
-    if (result == SaveResult::Failed) {
-        const std::string reasons = ws.writeFailures.empty() ? "\n" + target.string() : Join(ws.writeFailures);
-        ws.ui.Message(ws.Title(), "The project was not saved." + reasons, MessageIcon::Error);
-    }
+    if (result == SaveResult::Failed) SayWriteFailures(ws, "The project was not saved.", target.string());
     if (result == SaveResult::Saved) ws.truncatedLoad.clear();
     ws.writeFailures.clear();
     return result;

@@ -136,6 +136,7 @@ bool SaveSettings(Workspace& ws) {
     std::error_code ec;
     if (ws.settingsFile.has_parent_path()) fs::create_directories(ws.settingsFile.parent_path(), ec);
     OutFile out = OpenOut(ws.settingsFile);
+    out.ReportTo(ws);
     RecordWriter& w = out.Write();
     w.Item(s.callerItem1).Item(s.DatenVerz).Item(s.callerItem2).Item(s.Sprache).Item(s.Waehrung)
         .Item(s.ReportFont).Item(s.InstallText).Item(s.setting1_8).Item(s.setting1_9).Item(s.setting1_10)

@@ -59,4 +59,12 @@ bool WriteWorkingFile(const Workspace& ws, const fs::path& path, std::string_vie
     return !failure;
 }
 
+void SayWriteFailures(Workspace& ws, const std::string& headline, const std::string& fallback) {
+    std::string text = headline;
+    for (const WriteFailure& f : ws.writeFailures) text += "\n" + f.Text();
+    if (ws.writeFailures.empty() && !fallback.empty()) text += "\n" + fallback;
+    ws.writeFailures.clear();
+    ws.ui.Message(ws.Title(), text, MessageIcon::Error);
+}
+
 }  // namespace kv

@@ -40,4 +40,8 @@ private:
 // load collects one, else at once. A failure is kept in ws.writeFailures.
 bool WriteWorkingFile(const Workspace& ws, const std::filesystem::path& path, std::string_view content);
 
+// Tells the user of ws.writeFailures under `headline`, each with its file
+// and reason (`fallback` names the file when none was kept), and clears them.
+void SayWriteFailures(Workspace& ws, const std::string& headline, const std::string& fallback = {});
+
 }  // namespace kv

@@ -6,6 +6,7 @@
 #include "lines/zeta.h"
 #include "shell/files.h"
 #include "shell/numbers.h"
+#include "shell/staged_writes.h"
 #include "shell/text.h"
 #include "shell/workspace.h"
 
@@ -99,7 +100,7 @@ bool EndSystem(Workspace& ws) {
     const std::string title = ws.captions[Cap::EndTitle] + "  " + ws.productName;
     const std::string text = ws.captions.Message(59) + " : " + ws.productName;
     if (!ws.ui.AskYesNo(title, text)) return false;
-    SaveSettings(ws);
+    if (!SaveSettings(ws)) SayWriteFailures(ws, "The settings were not saved.");
     return true;
 }
 
@@ -148,7 +149,7 @@ bool StartExternalProgram(Workspace& ws, ExternalProgram program) {
 
 bool HandOver(Workspace& ws, ExternalProgram program, int flag, int statusWord) {
     WriteExchangeFile(ws, flag, statusWord);
-    SaveSettings(ws);
+    if (!SaveSettings(ws)) SayWriteFailures(ws, "The settings were not saved.");
     return StartExternalProgram(ws, program);
 }
 
