@@ -27,6 +27,15 @@ while [ $i -lt 6 ]; do
     cmp -s "$home/b.alone" "$home/b.$i" || { echo "run $i of AirWater_R290 differs from the run alone"; exit 1; }
     i=$((i + 1))
 done
+# Two first runs at once on a fresh directory, both installing the factory data.
+rm -rf "$home/data"
+run calc "$src/data/samples/Brine_R410A.prj" >"$home/a.fresh" &
+pa=$!
+run calc "$src/data/samples/AirWater_R290.prj" >"$home/b.fresh" &
+pb=$!
+wait $pa && wait $pb || { echo "a first run on a fresh directory failed"; exit 1; }
+cmp -s "$home/a.alone" "$home/a.fresh" && cmp -s "$home/b.alone" "$home/b.fresh" ||
+    { echo "first runs at once differ from the runs alone"; exit 1; }
 # A run leaves no working set behind and changes no working file.
 [ -z "$(ls "$home/data" | grep -i '\.tmp~')" ] || { echo "temporary files left in the data directory"; exit 1; }
 

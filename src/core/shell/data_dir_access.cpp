@@ -54,6 +54,30 @@ bool MakeFolder(const fs::path& shared, bool keep, fs::path& dir, std::error_cod
     return true;
 }
 
+// Copies the files and folders of `from` into `to`. Another run's temporary
+// files and its lock are left out, and a file that goes while the copy runs
+// (renamed over by another run) is no failure.
+bool CopyTree(const fs::path& from, const fs::path& to, WriteFailure& failure) {
+    std::error_code ec;
+    fs::recursive_directory_iterator it(from, ec), end;
+    for (; !ec && it != end; it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        if (name == kLockFileName || name.find(".tmp~") != std::string::npos) continue;
+        const fs::path rel = fs::relative(it->path(), from, ec);
+        if (ec) return failure = {it->path(), ec}, false;
+        std::error_code e;
+        if (it->is_directory(e)) {
+            fs::create_directories(to / rel, e);
+        } else if (it->is_regular_file(e)) {
+            fs::copy_file(it->path(), to / rel, fs::copy_options::skip_existing, e);
+            if (e == std::errc::no_such_file_or_directory && !fs::exists(it->path())) e.clear();
+        }
+        if (e) return failure = {to / rel, e}, false;
+    }
+    if (ec) return failure = {from, ec}, false;
+    return true;
+}
+
 }  // namespace
 
 bool UsePrivateWorkingSet(Workspace& ws, WriteFailure& failure, bool keep) {
@@ -65,12 +89,7 @@ bool UsePrivateWorkingSet(Workspace& ws, WriteFailure& failure, bool keep) {
         return false;
     }
     auto set = std::make_shared<PrivateWorkingSet>(shared, dir, keep);
-    fs::copy(shared, dir, fs::copy_options::recursive | fs::copy_options::skip_existing, ec);
-    if (ec) {
-        failure = {dir, ec};
-        return false;
-    }
-    fs::remove(dir / kLockFileName, ec);
+    if (!CopyTree(shared, dir, failure)) return false;
     ws.privateSet = std::move(set);
     ws.sharedDataDir = shared;
     ws.project.DatenVerz = dir.string();

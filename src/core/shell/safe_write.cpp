@@ -80,7 +80,7 @@ bool IsWriteProtected(const fs::path& path) {
     return (st.permissions() & (perms::owner_write | perms::group_write | perms::others_write)) == perms::none;
 }
 
-PreparedWrite PrepareWrite(const fs::path& path, std::string_view content) {
+PreparedWrite PrepareWrite(const fs::path& path, std::string_view content, bool flush) {
     PreparedWrite w;
     w.target = WriteTarget(path);
     struct stat old {};
@@ -109,7 +109,7 @@ PreparedWrite PrepareWrite(const fs::path& path, std::string_view content) {
         ::fchmod(fd, old.st_mode & 07777);
         [[maybe_unused]] const int owner = ::fchown(fd, old.st_uid, old.st_gid);
     }
-    if (ok && ::fsync(fd) != 0 && errno != EINVAL) {
+    if (ok && flush && ::fsync(fd) != 0 && errno != EINVAL) {
         ec = LastError();
         ok = false;
     }
@@ -124,7 +124,7 @@ PreparedWrite PrepareWrite(const fs::path& path, std::string_view content) {
     return w;
 }
 
-WriteFailure CommitWrite(PreparedWrite& w) {
+WriteFailure CommitWrite(PreparedWrite& w, bool syncFolder) {
     if (w.failure || w.temp.empty()) return w.failure;
     if (::rename(w.temp.c_str(), w.target.c_str()) != 0) {
         w.failure = {w.target, LastError()};
@@ -132,13 +132,21 @@ WriteFailure CommitWrite(PreparedWrite& w) {
         return w.failure;
     }
     w.temp.clear();
-    SyncDirectory(w.target.parent_path());
+    if (syncFolder) SyncDirectory(w.target.parent_path());
     return {};
 }
 
 void AbandonWrite(PreparedWrite& w) {
     if (!w.temp.empty()) ::unlink(w.temp.c_str());
     w.temp.clear();
+}
+
+void FlushFileSystem(const fs::path& folder) {
+    const int fd = ::open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0) return;
+    if (::syncfs(fd) != 0) ::sync();
+    ::fsync(fd);
+    ::close(fd);
 }
 
 WriteFailure WriteFileSafely(const fs::path& path, std::string_view content) {

@@ -26,15 +26,20 @@ struct WriteFailure {
 WriteFailure WriteFileSafely(const std::filesystem::path& path, std::string_view content);
 
 // The two steps of a write, for a set of files that is replaced together:
-// PrepareWrite leaves the content flushed in the temporary file, CommitWrite
-// renames it over the target, AbandonWrite removes it.
+// PrepareWrite leaves the content in the temporary file, flushed to the disk
+// unless the caller flushes the whole set at once (FlushFileSystem);
+// CommitWrite renames it over the target and, with `syncFolder`, flushes the
+// folder; AbandonWrite removes it.
 struct PreparedWrite {
     std::filesystem::path target, temp;
     WriteFailure failure;
 };
-PreparedWrite PrepareWrite(const std::filesystem::path& path, std::string_view content);
-WriteFailure CommitWrite(PreparedWrite& write);
+PreparedWrite PrepareWrite(const std::filesystem::path& path, std::string_view content, bool flush = true);
+WriteFailure CommitWrite(PreparedWrite& write, bool syncFolder = true);
 void AbandonWrite(PreparedWrite& write);
+// Flushes everything written to the file system that holds `folder`, and
+// the folder itself: one flush for many files.
+void FlushFileSystem(const std::filesystem::path& folder);
 
 // The file a write of `path` changes: `path` itself, or the end of its chain
 // of symbolic links.

@@ -1,5 +1,6 @@
 #include "shell/staged_writes.h"
 
+#include <set>
 #include <system_error>
 
 #include "shell/files.h"
@@ -27,7 +28,7 @@ WriteFailure StagedWrites::Commit() {
     prepared.reserve(entries_.size());
     for (const Entry& e : entries_) {
         if (!e.content) continue;
-        prepared.push_back(PrepareWrite(e.path, *e.content));
+        prepared.push_back(PrepareWrite(e.path, *e.content, false));
         if (prepared.back().failure) {
             const WriteFailure failure = prepared.back().failure;
             for (PreparedWrite& p : prepared) AbandonWrite(p);
@@ -35,16 +36,24 @@ WriteFailure StagedWrites::Commit() {
             return failure;
         }
     }
-    // All written aside: the swap. A rename in one folder does not fail for
-    // want of space; should one fail all the same, the rest still goes in.
+    // All written aside and flushed in one go: the swap. A rename in one
+    // folder does not fail for want of space; should one fail all the same,
+    // the rest still goes in.
+    std::set<fs::path> folders;
+    for (const PreparedWrite& p : prepared) folders.insert(p.target.parent_path());
+    for (const fs::path& folder : folders) FlushFileSystem(folder);
     WriteFailure first;
     for (PreparedWrite& p : prepared) {
-        const WriteFailure f = CommitWrite(p);
+        const WriteFailure f = CommitWrite(p, false);
         if (f && !first) first = f;
     }
     std::error_code ec;
-    for (const Entry& e : entries_)
-        if (!e.content) fs::remove(e.path, ec);
+    for (const Entry& e : entries_) {
+        if (e.content) continue;
+        fs::remove(e.path, ec);
+        folders.insert(e.path.parent_path());
+    }
+    for (const fs::path& folder : folders) FlushFileSystem(folder);
     entries_.clear();
     return first;
 }

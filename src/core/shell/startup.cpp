@@ -21,6 +21,9 @@ int InstallFactoryData(Workspace& ws) {
     const fs::path dataDir = ws.DataDir();
     fs::create_directories(dataDir, ec);
     int copied = 0;
+    // Written aside and swapped in together, flushed once: a run starting
+    // beside this one on a fresh directory sees each file whole or not at all.
+    StagedWrites batch;
     for (fs::recursive_directory_iterator it(ws.factoryDir, ec), end; !ec && it != end; it.increment(ec)) {
         if (!it->is_regular_file(ec)) continue;
         const fs::path rel = fs::relative(it->path(), ws.factoryDir, ec);
@@ -30,8 +33,12 @@ int InstallFactoryData(Workspace& ws) {
         const fs::path target = ResolveName(dataDir, (dataDir / rel).string());
         if (fs::exists(target, ec)) continue;
         fs::create_directories(target.parent_path(), ec);
-        if (fs::copy_file(it->path(), target, fs::copy_options::skip_existing, ec) && !ec) ++copied;
-        ClearReadOnly(target);
+        batch.Put(target, ReadWholeFile(it->path()));
+        ++copied;
+    }
+    if (const WriteFailure failure = batch.Commit()) {
+        ws.writeFailures.push_back(failure);
+        return 0;
     }
     return copied;
 }
