@@ -49,14 +49,14 @@ bool WriteAll(int fd, std::string_view content, const fs::path& target, std::err
     return true;
 }
 
-void SyncDirectory(const fs::path& dir) {
+}  // namespace
+
+void FlushFolder(const fs::path& dir) {
     const int fd = ::open(dir.empty() ? "." : dir.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (fd < 0) return;
     ::fsync(fd);
     ::close(fd);
 }
-
-}  // namespace
 
 std::string WriteFailure::Text() const { return path.string() + ": " + error.message(); }
 
@@ -132,7 +132,7 @@ WriteFailure CommitWrite(PreparedWrite& w, bool syncFolder) {
         return w.failure;
     }
     w.temp.clear();
-    if (syncFolder) SyncDirectory(w.target.parent_path());
+    if (syncFolder) FlushFolder(w.target.parent_path());
     return {};
 }
 

@@ -40,6 +40,8 @@ void AbandonWrite(PreparedWrite& write);
 // Flushes everything written to the file system that holds `folder`, and
 // the folder itself: one flush for many files.
 void FlushFileSystem(const std::filesystem::path& folder);
+// Flushes a folder's list of names: renames and deletions in it.
+void FlushFolder(const std::filesystem::path& folder);
 
 // The file a write of `path` changes: `path` itself, or the end of its chain
 // of symbolic links.

@@ -53,7 +53,7 @@ WriteFailure StagedWrites::Commit() {
         fs::remove(e.path, ec);
         folders.insert(e.path.parent_path());
     }
-    for (const fs::path& folder : folders) FlushFileSystem(folder);
+    for (const fs::path& folder : folders) FlushFolder(folder);
     entries_.clear();
     return first;
 }
