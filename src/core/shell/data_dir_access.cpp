@@ -63,19 +63,22 @@ bool CopyTree(const fs::path& from, const fs::path& to, WriteFailure& failure) {
     for (; !ec && it != end; it.increment(ec)) {
         const std::string name = it->path().filename().string();
         if (name == kLockFileName || name.find(".tmp~") != std::string::npos) continue;
-        const fs::path rel = fs::relative(it->path(), from, ec);
-        if (ec) return failure = {it->path(), ec}, false;
+        const fs::path target = to / fs::relative(it->path(), from, ec);
+        if (ec) break;
         std::error_code e;
         if (it->is_directory(e)) {
-            fs::create_directories(to / rel, e);
+            fs::create_directories(target, e);
         } else if (it->is_regular_file(e)) {
-            fs::copy_file(it->path(), to / rel, fs::copy_options::skip_existing, e);
+            fs::copy_file(it->path(), target, fs::copy_options::skip_existing, e);
             if (e == std::errc::no_such_file_or_directory && !fs::exists(it->path())) e.clear();
         }
-        if (e) return failure = {to / rel, e}, false;
+        if (e) {
+            failure = {target, e};
+            return false;
+        }
     }
-    if (ec) return failure = {from, ec}, false;
-    return true;
+    if (ec) failure = {from, ec};
+    return !ec;
 }
 
 }  // namespace

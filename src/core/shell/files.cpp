@@ -209,14 +209,14 @@ bool OutFile::Close() {
             return true;
         }
         failure_ = WriteFileChecked(path_, text);
-        if (failure_ && ws_) ws_->writeFailures.push_back(failure_);
+        if (failure_ && ws_) KeepWriteFailure(*ws_, failure_);
         return !failure_;
     }
     ClearReadOnly(path_);
     std::ofstream out(path_, std::ios::binary | std::ios::app);
     if (out) out.write(text.data(), static_cast<std::streamsize>(text.size()));
     if (!out) failure_ = {path_, std::make_error_code(std::errc::io_error)};
-    if (failure_ && ws_) ws_->writeFailures.push_back(failure_);
+    if (failure_ && ws_) KeepWriteFailure(*ws_, failure_);
     return !failure_;
 }
 

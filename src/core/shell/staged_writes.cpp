@@ -64,8 +64,14 @@ bool WriteWorkingFile(const Workspace& ws, const fs::path& path, std::string_vie
         return true;
     }
     const WriteFailure failure = WriteFileChecked(path, content);
-    if (failure) ws.writeFailures.push_back(failure);
+    if (failure) KeepWriteFailure(ws, failure);
     return !failure;
+}
+
+void KeepWriteFailure(const Workspace& ws, const WriteFailure& failure) {
+    constexpr std::size_t kKept = 32;
+    if (ws.writeFailures.size() >= kKept) ws.writeFailures.erase(ws.writeFailures.begin());
+    ws.writeFailures.push_back(failure);
 }
 
 void SayWriteFailures(Workspace& ws, const std::string& headline, const std::string& fallback) {

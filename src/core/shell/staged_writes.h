@@ -40,6 +40,10 @@ private:
 // load collects one, else at once. A failure is kept in ws.writeFailures.
 bool WriteWorkingFile(const Workspace& ws, const std::filesystem::path& path, std::string_view content);
 
+// Keeps a failure in ws.writeFailures for whoever shows it; the oldest go
+// when nobody has asked for a long time.
+void KeepWriteFailure(const Workspace& ws, const WriteFailure& failure);
+
 // Tells the user of ws.writeFailures under `headline`, each with its file
 // and reason (`fallback` names the file when none was kept), and clears them.
 void SayWriteFailures(Workspace& ws, const std::string& headline, const std::string& fallback = {});

@@ -37,7 +37,7 @@ int InstallFactoryData(Workspace& ws) {
         ++copied;
     }
     if (const WriteFailure failure = batch.Commit()) {
-        ws.writeFailures.push_back(failure);
+        KeepWriteFailure(ws, failure);
         return 0;
     }
     return copied;
