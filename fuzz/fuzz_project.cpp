@@ -1,7 +1,8 @@
-// Drives LoadProject with an arbitrary project file, then what a user does
-// next with it: the input check of the data screen and, when the check lets
-// it through, the plant scheme screen's first calculation. A good start for
-// the corpus are the sample projects of data/samples.
+// Drives the project load with an arbitrary project file (the check for a
+// file cut short, the load itself and the swap of the working set), then what
+// a user does next with it: the input check of the data screen and, when the
+// check lets it through, the plant scheme screen's first calculation. A good
+// start for the corpus are the sample projects of data/samples.
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -11,7 +12,7 @@
 #include "cycle/kernel.h"
 #include "cycle/scheme_screen.h"
 #include "project/data_screen.h"
-#include "project/project_file.h"
+#include "project/project_io.h"
 #include "shell/files.h"
 #include "shell/startup.h"
 #include "shell/workspace.h"
@@ -43,7 +44,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     kv::Workspace ws = Prepared();
     kv::WriteFileAtomic(ws.DataDir() / "fuzz.prj", std::string(reinterpret_cast<const char*>(data), size));
     std::string type = ws.project.AnlagenTyp;
-    if (!kv::LoadProject(ws, type, "fuzz.prj", "")) return 0;
+    const kv::LoadOutcome out = kv::LoadProjectChecked(ws, type, "fuzz.prj", "");
+    if (out.warnings.size() > 2 || ws.staging) __builtin_trap();
+    if (!out.loaded) return 0;
     kv::DataScreen screen;
     kv::OpenDataScreen(ws, screen);
     ws.project.AnlagenTyp = type;

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QThread>
 
+#include "shell/data_dir_access.h"
 #include "shell/startup.h"
 #include "shell/workspace.h"
 #include "ui/main_window.h"
@@ -18,6 +19,8 @@ int main(int argc, char** argv) {
     ws.ui = kvui::MakeQtInterface(&window);
     QApplication::setOverrideCursor(Qt::WaitCursor);
     kv::StartSystem(ws);
+    // One desktop to a data directory; a second one is asked how to go on.
+    kv::OpenDataDirectory(ws);
     QApplication::restoreOverrideCursor();
     window.FillCaptions();
     QObject::connect(&window, &kvui::MainWindow::ended, &app, [] {

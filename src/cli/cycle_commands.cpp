@@ -106,6 +106,7 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
     }
     j["lines"] = lines;
     j["reference"] = ReferenceJson(c);
+    j["warnings"] = ws.loadWarnings;
     return j;
 }
 

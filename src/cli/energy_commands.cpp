@@ -6,6 +6,7 @@
 #include "cycle/kernel.h"
 #include "cycle/scheme_screen.h"
 #include "energy/annual.h"
+#include "shell/data_dir_access.h"
 #include "shell/files.h"
 
 namespace kvcli {
@@ -20,6 +21,11 @@ int CmdAnnual(const Options& o) {
     const kv::SeasonalResult r = kv::RechKern(ws, scheme);
     if (!r.ran) {
         std::cerr << "kelvaris-cli: the seasonal performance could not be calculated\n";
+        return 1;
+    }
+    // The hour table is what this command leaves in the data directory.
+    if (const kv::WriteFailure f = kv::CopyBackToDataDirectory(ws, {kv::kSeasonFile})) {
+        std::cerr << "kelvaris-cli: the hour table was not written: " << f.Text() << "\n";
         return 1;
     }
 
@@ -44,11 +50,11 @@ int CmdAnnual(const Options& o) {
     j["designCop"] = ws.cycle.cop;
     // Hours the refrigerant model puts above the Carnot limit: the sCOP
     // counts them as the model gives them, the engineer is told.
-    j["warnings"] = nlohmann::json::array();
+    j["warnings"] = ws.loadWarnings;
     if (r.hoursAboveCarnot > 0)
         j["warnings"].push_back(std::to_string(static_cast<long>(r.hoursAboveCarnot)) +
                                 " h of the year with an EER above Carnot");
-    j["hourTable"] = kv::ResolveName(ws, kv::kSeasonFile).string();
+    j["hourTable"] = kv::ResolveName(ws.sharedDataDir, kv::kSeasonFile).string();
     return PrintFigures(o, j);
 }
 

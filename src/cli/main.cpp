@@ -1,5 +1,6 @@
 // kelvaris-cli: the batch front end over the same core as the desktop program.
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <spawn.h>
@@ -7,6 +8,7 @@
 #include <unistd.h>
 
 #include "cli.h"
+#include "shell/data_dir_access.h"
 #include "shell/numbers.h"
 #include "shell/startup.h"
 
@@ -62,7 +64,7 @@ Exit codes: 0 done, 1 a command reported a failure, 2 wrong usage or unreadable 
 int Info(const Options& o) {
     kv::Workspace ws = MakeWorkspace(o);
     nlohmann::json j;
-    j["dataDirectory"] = ws.project.DatenVerz;
+    j["dataDirectory"] = ws.sharedDataDir.string();
     j["language"] = ws.settings.Sprache;
     j["settingsFile"] = ws.settingsFile.string();
     j["settingsRead"] = ws.settingsRead;
@@ -109,6 +111,13 @@ kv::Workspace MakeWorkspace(const Options& o) {
     };
     if (!o.dataDir.empty()) ws.dataDirOverride = fs::absolute(o.dataDir, ec);
     kv::PrepareWorkspace(ws);
+    // The command works on a copy of the working set: a run beside it on
+    // the same directory neither sees nor changes its working files.
+    kv::WriteFailure failure;
+    if (!kv::UsePrivateWorkingSet(ws, failure)) {
+        std::cerr << "kelvaris-cli: no private working set: " << failure.Text() << "\n";
+        std::exit(1);
+    }
     return ws;
 }
 

@@ -6,6 +6,7 @@
 #include "cli.h"
 #include "project/data_screen.h"
 #include "project/project_file.h"
+#include "project/project_io.h"
 #include "shell/files.h"
 
 namespace kvcli {
@@ -25,10 +26,17 @@ bool LoadProjectArg(kv::Workspace& ws, const std::string& file, int& code) {
     std::string type = ws.project.AnlagenTyp;
     std::string dir = path.parent_path().string();
     if (!dir.empty() && dir.back() != '/') dir += '/';
-    if (!kv::LoadProject(ws, type, path.string(), dir)) {
+    const kv::LoadOutcome loaded = kv::LoadProjectChecked(ws, type, path.string(), dir);
+    if (loaded.failure) {
+        std::cerr << "kelvaris-cli: the project was not loaded: " << loaded.failure.Text() << "\n";
+        code = 1;
+        return false;
+    }
+    if (!loaded.loaded) {
         code = Fail("the project file could not be loaded: " + file);
         return false;
     }
+    for (const std::string& w : loaded.warnings) std::cerr << "kelvaris-cli: " << w << "\n";
     ws.project.AnlagenTyp = type;
     ws.project.ProjektDatei = path.filename().string();
     ws.project.ProjektVerz = dir;
@@ -127,7 +135,8 @@ int CmdShow(const Options& o) {
     kv::Workspace ws = MakeWorkspace(o);
     int code = 0;
     if (!LoadProjectArg(ws, o.args[1], code)) return code;
-    const nlohmann::json j = ProjectJson(ws.project);
+    nlohmann::json j = ProjectJson(ws.project);
+    j["warnings"] = ws.loadWarnings;
     if (o.json) std::cout << JsonText(j) << "\n";
     else Print(o, j);
     return 0;

@@ -19,6 +19,7 @@
 
 #include "catalogue/matchcode.h"
 #include "project/project_file.h"
+#include "project/project_io.h"
 #include "shell/captions.h"
 #include "shell/numbers.h"
 #include "shell/settings.h"
@@ -263,7 +264,7 @@ void MainWindow::LoadProjectAction() {
     if (file.isEmpty()) return;
     const std::filesystem::path path(file.toStdString());
     std::string type = p.AnlagenTyp;
-    if (kv::LoadProject(ws_, type, path.string(), path.parent_path().string() + "/")) {
+    if (kv::LoadProjectAndTell(ws_, type, path.string(), path.parent_path().string() + "/").loaded) {
         p.AnlagenTyp = type;
         p.ProjektDatei = path.filename().string();
         p.ProjektVerz = path.parent_path().string();
@@ -276,7 +277,7 @@ void MainWindow::SaveProjectAction() {
         SaveProjectAsAction();
         return;
     }
-    kv::SaveProject(ws_, ws_.project.AnlagenTyp, "");
+    kv::SaveProjectAndTell(ws_, ws_.project.AnlagenTyp, "");
 }
 
 void MainWindow::SaveProjectAsAction() {
@@ -287,7 +288,7 @@ void MainWindow::SaveProjectAsAction() {
     const std::filesystem::path path(file.toStdString());
     p.ProjektDatei = path.filename().string();
     p.ProjektVerz = path.parent_path().string();
-    kv::SaveProject(ws_, p.AnlagenTyp, p.ProjektVerz + "/");
+    kv::SaveProjectAndTell(ws_, p.AnlagenTyp, p.ProjektVerz + "/");
 }
 
 void MainWindow::DeleteProjectAction() {
@@ -323,7 +324,7 @@ void MainWindow::ActOnStatusWord() {
             std::string type = p.AnlagenTyp;
             std::string dir = p.ProjektVerz;
             if (!dir.empty() && dir.back() != '/') dir += '/';
-            if (kv::LoadProject(ws_, type, dir + p.ProjektDatei, dir)) p.AnlagenTyp = type;
+            if (kv::LoadProjectAndTell(ws_, type, dir + p.ProjektDatei, dir).loaded) p.AnlagenTyp = type;
             OpenProjectData();
             break;
         }

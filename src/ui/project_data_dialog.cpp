@@ -18,6 +18,7 @@
 #include <filesystem>
 
 #include "project/project_file.h"
+#include "project/project_io.h"
 #include "refrigerant/registry.h"
 #include "shell/numbers.h"
 #include "shell/text.h"
@@ -413,7 +414,7 @@ void ProjectDataDialog::Load() {
     const std::filesystem::path path(file.toStdString());
     std::string type = p.AnlagenTyp;
     const std::string dir = path.parent_path().string() + "/";
-    if (kv::LoadProject(ws_, type, path.string(), dir)) {
+    if (kv::LoadProjectAndTell(ws_, type, path.string(), dir).loaded) {
         p.AnlagenTyp = type;
         p.ProjektDatei = path.filename().string();
         p.ProjektVerz = path.parent_path().string();

@@ -13,6 +13,7 @@ kv::UserInterface MakeQtInterface(QWidget* parent) {
     ui.message = [owner](const std::string& title, const std::string& text, kv::MessageIcon icon) {
         const QMessageBox::Icon i = icon == kv::MessageIcon::Error      ? QMessageBox::Critical
                                     : icon == kv::MessageIcon::Question ? QMessageBox::Question
+                                    : icon == kv::MessageIcon::Warning  ? QMessageBox::Warning
                                                                         : QMessageBox::Information;
         QMessageBox box(i, Q(title), Q(text), QMessageBox::Ok, owner.data());
         box.exec();

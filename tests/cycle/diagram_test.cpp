@@ -356,6 +356,51 @@ TEST_F(Diagram, BadTablesDrawNothingOrStayOnThePicture) {
     }
 }
 
+// A table of `perGap` rows between each pair of the factory rows, the
+// values interpolated: a dense table as a damaged or generated file holds.
+std::string DenseTable(const std::vector<kv::SatRow>& rows, int perGap) {
+    std::string text;
+    for (std::size_t i = 0; i + 1 < rows.size(); ++i)
+        for (int k = 0; k < perGap; ++k) {
+            const double f = static_cast<double>(k) / perGap;
+            for (int c = 1; c <= 7; ++c) {
+                const double v = rows[i].Column(c) + f * (rows[i + 1].Column(c) - rows[i].Column(c));
+                text += kv::NumberText(v) + (c < 7 ? "," : "\r\n");
+            }
+        }
+    return text;
+}
+
+TEST_F(Diagram, LongTablesDrawOnePointAColumnAndDamagedOnesAreRefused) {
+    const std::vector<kv::SatRow> rows = Table("R134A.DAT").rows;
+    // 1,881 rows: drawn, but no line holds more points than the frame has columns.
+    Put("R134A.DAT", DenseTable(rows, 57));
+    ws.properties.Clear();
+    kv::DrawingList d = Draw("R134a", -10, 45);
+    ASSERT_EQ(Table("R134A.DAT").rows.size(), (rows.size() - 1) * 57);
+    std::size_t longest = 0;
+    for (const kv::DrawItem& item : d.items)
+        if (const auto* p = std::get_if<kv::DrawPolyline>(&item)) longest = std::max(longest, p->points.size());
+    EXPECT_GT(longest, 50u);
+    EXPECT_LE(longest, static_cast<std::size_t>(d.width)) << longest;
+    EXPECT_TRUE(messages.empty());
+
+    // Beyond 2,000 rows, or out of order: refused, and said once per table.
+    Put("R134A.DAT", DenseTable(rows, 70));
+    ws.properties.Clear();
+    EXPECT_TRUE(Draw("R134a", -10, 45).Empty());
+    kv::Play_DiaG(ws, w);
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_NE(messages[0].text.find("R134A.DAT has 2310 rows"), std::string::npos);
+    std::vector<kv::SatRow> swapped = rows;
+    std::swap(swapped[3], swapped[4]);
+    Put("R134A.DAT", DenseTable(swapped, 1));
+    ws.properties.Clear();
+    EXPECT_TRUE(Draw("R134a", -10, 45).Empty());
+    ASSERT_EQ(messages.size(), 2u);
+    EXPECT_NE(messages[1].text.find("out of order: row 5"), std::string::npos);
+}
+
 TEST(Drawing, ClippingAndPlacing) {
     const kv::ClipBox box{0, 0, 10, 10};
     kv::DrawPoint a{-5, 5}, b{15, 5};

@@ -47,15 +47,7 @@ TEST_F(FileRoutines, OutputReplacesWholeAndAppendAdds) {
     EXPECT_EQ(kv::OpenIn(ws, "nothing.dat").Length(), 0u);
 }
 
-TEST_F(FileRoutines, FailedSaveLeavesTheOldFileWhole) {
-    Put("keep.dat", "old content");
-    fs::create_directories(ws.DataDir() / "keep.dat.tmp~");  // the temporary cannot be written
-    EXPECT_FALSE(kv::WriteFileAtomic(ws.DataDir() / "keep.dat", "new"));
-    EXPECT_EQ(Get("keep.dat"), "old content");
-    EXPECT_FALSE(kv::WriteFileAtomic(root / "no" / "such" / "dir.dat", "x"));
-}
-
-TEST_F(FileRoutines, ReadOnlyMarkIsClearedBeforeWriting) {
+TEST_F(FileRoutines, WritingClearsTheReadOnlyMarkReadingDoesNot) {
     // The mark itself is looked at: root may write a file without it, so
     // only the permission bits show whether the mark was cleared.
     const fs::path path = ws.DataDir() / "ro.dat";
@@ -74,8 +66,15 @@ TEST_F(FileRoutines, ReadOnlyMarkIsClearedBeforeWriting) {
     EXPECT_TRUE(writable());
     EXPECT_EQ(Get("ro.dat"), "z");
     readOnly();
-    kv::OpenIn(ws, "ro.dat");
-    EXPECT_TRUE(writable());
+    kv::OpenIn(ws, "ro.dat");  // reading leaves the mark alone
+    EXPECT_FALSE(writable());
+}
+
+TEST_F(FileRoutines, AWorkingFileMarkedReadOnlyIsStillWritten) {
+    Put("ro.dat", "x");
+    fs::permissions(ws.DataDir() / "ro.dat", fs::perms::owner_write, fs::perm_options::remove);
+    kv::OpenOut(ws, "ro.dat").Line("y");
+    EXPECT_EQ(Get("ro.dat"), "y\r\n");
 }
 
 TEST_F(FileRoutines, RandomRecordsByNumber) {

@@ -121,6 +121,31 @@ TEST_F(MainWindowTest, MissingLanguageTablesKeepTheLanguage) {
     EXPECT_EQ(kv::ReadExchangeFile(ws).status, kv::status::DrawingProgram);
 }
 
+TEST_F(MainWindowTest, AFailedSaveIsShownAndTheFileStays) {
+    kvui::MainWindow window(ws);
+    kv::PrepareWorkspace(ws);
+    kv::Project& p = ws.project;
+    p.ProjektNam = "Hall 3";
+    p.ProjektDatei = "Hall3.prj";
+    p.AnlagenTyp = "HeatP";
+    window.SaveProjectAction();
+    const std::string saved = kv::ReadWholeFile(ws.DataDir() / "Hall3.prj");
+    ASSERT_FALSE(saved.empty());
+    ASSERT_TRUE(messages.empty());
+
+    p.Tver = "-30";
+    answer = true;  // overwrite the project
+    {
+        kv::InjectedWriteFailure full("Hall3.prj", std::errc::no_space_on_device);
+        window.SaveProjectAction();
+    }
+    ASSERT_EQ(messages.size(), 1u);
+    const std::string& text = messages[0].text;
+    EXPECT_NE(text.find((ws.DataDir() / "Hall3.prj").string()), std::string::npos);
+    EXPECT_NE(text.find(std::make_error_code(std::errc::no_space_on_device).message()), std::string::npos);
+    EXPECT_EQ(kv::ReadWholeFile(ws.DataDir() / "Hall3.prj"), saved);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {

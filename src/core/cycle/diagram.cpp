@@ -5,6 +5,7 @@
 #include <cmath>
 #include <utility>
 
+#include "documents/thin_path.h"
 #include "project/project.h"
 #include "refrigerant/registry.h"
 #include "refrigerant/saturation.h"
@@ -473,8 +474,8 @@ void DrawSaturation(DrawingList& d, const Workspace& ws, const DiagramScales& s,
         DrawPoint a = liquid.front(), b{a.x, a.y - 10};
         if (ClipSegment(a, b, kFrame)) d.Line(a.x, a.y, b.x, b.y, liquidPen);
     }
-    AddClippedPath(d, liquid, kFrame, liquidPen);
-    AddClippedPath(d, vapour, kFrame, vapourPen);
+    AddClippedPath(d, OnePointPerColumn(liquid), kFrame, liquidPen);
+    AddClippedPath(d, OnePointPerColumn(vapour), kFrame, vapourPen);
 
     // Temperatures at the boiling line, one wherever the line has climbed a
     // sixteenth of the pressure scale since the last one, so that no two
@@ -556,6 +557,10 @@ DrawingList Play_DiaG(Workspace& ws, DiagramWindow& w) {
     const int rowHint = info ? info->rowHint : 0;
     // A copy: the cycle below reads the table again through the cache.
     const SaturationTable table = ws.properties.Saturation(ws.DataDir(), file);
+    if (!table.refusal.empty() && w.refusedTable != file) {
+        ws.ui.Message(ws.Title(), table.refusal, MessageIcon::Error);
+        w.refusedTable = file;  // told once, not at every move of a bar
+    }
     if (!table.present || table.rows.empty()) return d;
 
     // 3 to 5: scales.

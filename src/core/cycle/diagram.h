@@ -151,6 +151,7 @@ struct DiagramWindow {
     DiagramCycle cycle;       // of the last drawing
     DiagramFigures figures;
     DiagramReadout readout;
+    std::string refusedTable;  // the damaged table the user was told of
 
     TrimControl& operator[](TrimField t) { return trim[static_cast<std::size_t>(t)]; }
     const TrimControl& operator[](TrimField t) const { return trim[static_cast<std::size_t>(t)]; }

@@ -160,8 +160,11 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     if (!CycleStatePoints(ws, t0, tc, tSuction, subcooling)) {
         std::string file;
         ResolveRefrigerantTable(p, file);
-        ws.ui.Message(ws.Title(), cap[Cap::PropertyTableMissing] + " " + (file.empty() ? p.KaelteM : file),
-                      MessageIcon::Error);
+        // A damaged table is refused with its own reason.
+        std::string text = cap[Cap::PropertyTableMissing] + " " + (file.empty() ? p.KaelteM : file);
+        if (!file.empty() && !ws.properties.Saturation(ws.DataDir(), file).refusal.empty())
+            text = ws.properties.Saturation(ws.DataDir(), file).refusal;
+        ws.ui.Message(ws.Title(), text, MessageIcon::Error);
         p.CalcState = 1;
         c.diametersFixed = false;
         return false;

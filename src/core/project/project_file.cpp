@@ -4,11 +4,13 @@
 
 #include "project/box_meaning.h"
 #include "project/project.h"
+#include "project/project_io.h"
 #include "shell/files.h"
 #include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/separators.h"
 #include "shell/settings.h"
+#include "shell/staged_writes.h"
 #include "shell/text.h"
 #include "shell/workspace.h"
 
@@ -35,10 +37,10 @@ EmbeddedFile LineSizeFile(const std::string& plantType) {
 }
 
 // Copies a file byte for byte; false when the source is missing.
-bool CopyFile(const fs::path& from, const fs::path& to) {
+bool CopyFile(const Workspace& ws, const fs::path& from, const fs::path& to) {
     std::error_code ec;
     if (!fs::is_regular_file(from, ec)) return false;
-    return WriteFileAtomic(to, ReadWholeFile(from));
+    return WriteWorkingFile(ws, to, ReadWholeFile(from));
 }
 
 }  // namespace
@@ -92,7 +94,7 @@ void CopyCompanionsToProject(Workspace& ws, const std::string& projectFileName, 
     for (const Companion& c : kCompanions) {
         const std::string target = directory + stem + c.extension;
         DeleteFile(ws, target);
-        CopyFile(ResolveName(ws, c.workingFile), ResolveName(ws, target));
+        CopyFile(ws, ResolveName(ws, c.workingFile), ResolveName(ws, target));
     }
 }
 
@@ -101,7 +103,7 @@ void CopyCompanionsFromProject(Workspace& ws, const std::string& projectFileName
     for (const Companion& c : kCompanions) {
         // The working file goes first; a missing companion leaves it deleted.
         DeleteFile(ws, c.workingFile);
-        CopyFile(ResolveName(ws, directory + stem + c.extension), ResolveName(ws, c.workingFile));
+        CopyFile(ws, ResolveName(ws, directory + stem + c.extension), ResolveName(ws, c.workingFile));
     }
 }
 
@@ -190,7 +192,7 @@ std::optional<SaveResult> SaveUnderKnownName(Workspace& ws) {
     if (name.empty() || UpperAscii(name) == ".PRJ") return std::nullopt;
     std::string dir = p.ProjektVerz;
     if (!dir.empty() && dir.back() != '/' && dir.back() != '\\') dir += '/';
-    return SaveProject(ws, p.AnlagenTyp, dir);
+    return SaveProjectAndTell(ws, p.AnlagenTyp, dir);
 }
 
 bool LoadProject(Workspace& ws, std::string& plantType, const std::string& filePath, const std::string& directory) {

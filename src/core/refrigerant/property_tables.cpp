@@ -43,6 +43,24 @@ std::vector<double> Numbers(std::string_view text) {
 // Densities are never more precise than 0.01 kg/m³ in the model.
 double CutDensity(double rho) { return std::floor(rho * 100.0) / 100.0; }
 
+// A table of more rows than any real one, or whose temperatures fall, is
+// refused whole: its rows go and the reason stays.
+void RefuseDamagedTable(SaturationTable& table, std::string_view fileName) {
+    const std::string name(fileName);
+    if (table.rows.size() > kMaxSaturationRows) {
+        table.refusal = "The saturation table " + name + " has " + std::to_string(table.rows.size()) +
+                        " rows, more than the " + std::to_string(kMaxSaturationRows) + " a table can hold.";
+    } else {
+        for (std::size_t i = 1; i < table.rows.size(); ++i)
+            if (table.rows[i].t < table.rows[i - 1].t) {
+                table.refusal = "The saturation table " + name + " is out of order: row " + std::to_string(i + 1) +
+                                " is colder than the row before it.";
+                break;
+            }
+    }
+    if (!table.refusal.empty()) table.rows.clear();
+}
+
 }  // namespace
 
 SaturationTable ParseSaturationTable(std::string_view text, std::string_view fileName) {
@@ -68,6 +86,7 @@ SaturationTable ParseSaturationTable(std::string_view text, std::string_view fil
         r.rhoVap = CutDensity(r.rhoVap);
         table.rows.push_back(r);
     }
+    RefuseDamagedTable(table, fileName);
     return table;
 }
 

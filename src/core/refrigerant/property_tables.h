@@ -22,7 +22,14 @@ struct SaturationTable {
     std::vector<SatRow> rows;
     bool terminated = false;  // the file ended in a terminator row
     bool present = false;     // the file exists and has content
+    // Why the table was refused (no rows then): longer than any real table
+    // or its temperatures not rising. Empty for a table in use.
+    std::string refusal;
 };
+
+// The factory tables hold 17 to 50 rows; a table far beyond that is damaged
+// and would cost every look-up and every drawing a walk through all of it.
+inline constexpr std::size_t kMaxSaturationRows = 2000;
 
 // One row of the supercritical CO2 table.
 struct SupercriticalRow {

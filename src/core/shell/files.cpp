@@ -8,6 +8,8 @@
 #include <ctime>
 #include <system_error>
 
+#include "shell/safe_write.h"
+#include "shell/staged_writes.h"
 #include "shell/text.h"
 #include "shell/workspace.h"
 
@@ -144,34 +146,15 @@ void ClearReadOnly(const fs::path& path) {
         fs::permissions(path, fs::perms::owner_write, fs::perm_options::add, ec);
 }
 
-bool WriteFileAtomic(const fs::path& path, std::string_view content) {
+WriteFailure WriteFileChecked(const fs::path& path, std::string_view content) {
     ForgetText(path);
-    std::error_code ec;
-    if (path.has_parent_path() && !fs::exists(path.parent_path(), ec)) return false;
-    ClearReadOnly(path);
-    fs::path tmp = path;
-    tmp += ".tmp~";
-    {
-        std::ofstream out(tmp, std::ios::binary | std::ios::trunc);
-        if (!out) return false;
-        out.write(content.data(), static_cast<std::streamsize>(content.size()));
-        out.flush();
-        if (!out) {
-            out.close();
-            fs::remove(tmp, ec);
-            return false;
-        }
-    }
-    fs::rename(tmp, path, ec);
-    if (ec) {
-        fs::remove(tmp, ec);
-        return false;
-    }
-    return true;
+    ForgetText(WriteTarget(path));
+    return WriteFileSafely(path, content);
 }
 
+bool WriteFileAtomic(const fs::path& path, std::string_view content) { return !WriteFileChecked(path, content); }
+
 RecordReader OpenIn(const fs::path& path) {
-    ClearReadOnly(path);
     std::error_code ec;
     const auto time = fs::last_write_time(path, ec);
     if (ec) return RecordReader();
@@ -191,12 +174,11 @@ RecordReader OpenIn(const fs::path& path) {
 
 RecordReader OpenIn(const Workspace& ws, std::string_view name) { return OpenIn(ResolveName(ws, name)); }
 
-OutFile::OutFile(fs::path path, Mode mode) : path_(std::move(path)), mode_(mode), open_(true) {
-    ClearReadOnly(path_);
-}
+OutFile::OutFile(fs::path path, Mode mode) : path_(std::move(path)), mode_(mode), open_(true) {}
 
 OutFile::OutFile(OutFile&& o) noexcept
-    : path_(std::move(o.path_)), mode_(o.mode_), writer_(std::move(o.writer_)), open_(o.open_) {
+    : path_(std::move(o.path_)), mode_(o.mode_), writer_(std::move(o.writer_)), failure_(std::move(o.failure_)),
+      ws_(o.ws_), open_(o.open_) {
     o.open_ = false;
 }
 
@@ -206,6 +188,8 @@ OutFile& OutFile::operator=(OutFile&& o) noexcept {
         path_ = std::move(o.path_);
         mode_ = o.mode_;
         writer_ = std::move(o.writer_);
+        failure_ = std::move(o.failure_);
+        ws_ = o.ws_;
         open_ = o.open_;
         o.open_ = false;
     }
@@ -219,22 +203,38 @@ bool OutFile::Close() {
     open_ = false;
     ForgetText(path_);
     const std::string text = writer_.Take();
-    if (mode_ == Mode::Output) return WriteFileAtomic(path_, text);
+    if (mode_ == Mode::Output) {
+        if (ws_ && ws_->staging) {
+            ws_->staging->Put(path_, text);
+            return true;
+        }
+        failure_ = WriteFileChecked(path_, text);
+        if (failure_ && ws_) KeepWriteFailure(*ws_, failure_);
+        return !failure_;
+    }
+    ClearReadOnly(path_);
     std::ofstream out(path_, std::ios::binary | std::ios::app);
-    if (!out) return false;
-    out.write(text.data(), static_cast<std::streamsize>(text.size()));
-    return static_cast<bool>(out);
+    if (out) out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    if (!out) failure_ = {path_, std::make_error_code(std::errc::io_error)};
+    if (failure_ && ws_) KeepWriteFailure(*ws_, failure_);
+    return !failure_;
 }
 
 OutFile OpenOut(const fs::path& path) { return OutFile(path, OutFile::Mode::Output); }
-OutFile OpenOut(const Workspace& ws, std::string_view name) { return OpenOut(ResolveName(ws, name)); }
+OutFile OpenOut(const Workspace& ws, std::string_view name) {
+    OutFile out = OpenOut(ResolveName(ws, name));
+    out.ReportTo(ws);
+    return out;
+}
 OutFile OpenAppend(const fs::path& path) { return OutFile(path, OutFile::Mode::Append); }
-OutFile OpenAppend(const Workspace& ws, std::string_view name) { return OpenAppend(ResolveName(ws, name)); }
+OutFile OpenAppend(const Workspace& ws, std::string_view name) {
+    OutFile out = OpenAppend(ResolveName(ws, name));
+    out.ReportTo(ws);
+    return out;
+}
 
 RandomFile::RandomFile(fs::path path, int recordLength)
-    : path_(std::move(path)), recordLength_(recordLength > 0 ? recordLength : kDefaultRecordLength) {
-    ClearReadOnly(path_);
-}
+    : path_(std::move(path)), recordLength_(recordLength > 0 ? recordLength : kDefaultRecordLength) {}
 
 long long RandomFile::RecordCount() const {
     return static_cast<long long>(FileLength(path_) / static_cast<std::uintmax_t>(recordLength_));
@@ -257,6 +257,7 @@ bool RandomFile::Get(long long number, std::string& record) const {
 bool RandomFile::Put(long long number, std::string_view record) {
     if (number < 1) return false;
     ForgetText(path_);
+    ClearReadOnly(path_);
     std::error_code ec;
     if (!fs::exists(path_, ec)) {
         std::ofstream create(path_, std::ios::binary);
@@ -286,6 +287,10 @@ RandomFile OpenRandom(const Workspace& ws, std::string_view name, int recordLeng
 bool DeleteFile(Workspace& ws, std::string_view name) {
     const bool bare = name.find('/') == std::string_view::npos && name.find('\\') == std::string_view::npos;
     const fs::path path = ResolveName(ws, name);
+    if (ws.staging) {
+        ws.staging->Remove(path);
+        return true;
+    }
     std::error_code ec;
     ClearReadOnly(path);
     ForgetText(path);

@@ -12,6 +12,7 @@
 #include <string_view>
 
 #include "shell/records.h"
+#include "shell/safe_write.h"
 
 namespace kv {
 
@@ -30,10 +31,13 @@ std::uintmax_t FileLength(const Workspace& ws, std::string_view name);
 // The whole content of a file, empty when missing or unreadable.
 std::string ReadWholeFile(const std::filesystem::path& path);
 // Writes a temporary file beside the target and renames it over the target,
-// so a failure never leaves half a file. False on failure.
+// so a failure never leaves half a file. False on failure (WriteFileSafely
+// says why).
 bool WriteFileAtomic(const std::filesystem::path& path, std::string_view content);
+WriteFailure WriteFileChecked(const std::filesystem::path& path, std::string_view content);
 
-// Clears the read-only mark of a file where it can.
+// Clears the read-only mark of a file where it can. Only a write in place
+// (append, a record) does so; reading leaves the file's mode alone.
 void ClearReadOnly(const std::filesystem::path& path);
 
 // Opens for sequential input: the reader holds the file's text.
@@ -59,11 +63,18 @@ public:
     OutFile& Line(std::string_view text) { writer_.Line(text); return *this; }
     bool Close();
     const std::filesystem::path& Path() const { return path_; }
+    // Why the last Close() failed; empty after a good one.
+    const WriteFailure& Failure() const { return failure_; }
+    // A file of the workspace: a failure is kept in ws.writeFailures, and
+    // while a load collects the working set the content goes there.
+    void ReportTo(const Workspace& ws) { ws_ = &ws; }
 
 private:
     std::filesystem::path path_;
     Mode mode_ = Mode::Output;
     RecordWriter writer_;
+    WriteFailure failure_;
+    const Workspace* ws_ = nullptr;
     bool open_ = false;
 };
 

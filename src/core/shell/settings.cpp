@@ -152,12 +152,14 @@ double ValidReferenceEtaIs(double eta) {
 
 bool SaveSettings(Workspace& ws) {
     Settings& s = ws.settings;
-    if (ws.dataDirOverride.empty()) s.DatenVerz = ws.project.DatenVerz;
+    if (ws.dataDirOverride.empty())
+        s.DatenVerz = ws.sharedDataDir.empty() ? ws.project.DatenVerz : ws.sharedDataDir.string();
     s.ProjektVerz = ws.project.ProjektVerz;
     s.RohrDatei = ws.project.RohrDatei;
     std::error_code ec;
     if (ws.settingsFile.has_parent_path()) fs::create_directories(ws.settingsFile.parent_path(), ec);
     OutFile out = OpenOut(ws.settingsFile);
+    out.ReportTo(ws);
     RecordWriter& w = out.Write();
     w.Item(s.callerItem1).Item(s.DatenVerz).Item(s.callerItem2).Item(s.Sprache).Item(s.Waehrung)
         .Item(s.ReportFont).Item(s.InstallText).Item(s.setting1_8).Item(s.setting1_9).Item(s.setting1_10)

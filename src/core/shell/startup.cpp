@@ -6,6 +6,7 @@
 #include "lines/zeta.h"
 #include "shell/files.h"
 #include "shell/numbers.h"
+#include "shell/staged_writes.h"
 #include "shell/text.h"
 #include "shell/workspace.h"
 
@@ -20,6 +21,9 @@ int InstallFactoryData(Workspace& ws) {
     const fs::path dataDir = ws.DataDir();
     fs::create_directories(dataDir, ec);
     int copied = 0;
+    // Written aside and swapped in together, flushed once: a run starting
+    // beside this one on a fresh directory sees each file whole or not at all.
+    StagedWrites batch;
     for (fs::recursive_directory_iterator it(ws.factoryDir, ec), end; !ec && it != end; it.increment(ec)) {
         if (!it->is_regular_file(ec)) continue;
         const fs::path rel = fs::relative(it->path(), ws.factoryDir, ec);
@@ -29,8 +33,12 @@ int InstallFactoryData(Workspace& ws) {
         const fs::path target = ResolveName(dataDir, (dataDir / rel).string());
         if (fs::exists(target, ec)) continue;
         fs::create_directories(target.parent_path(), ec);
-        if (fs::copy_file(it->path(), target, fs::copy_options::skip_existing, ec) && !ec) ++copied;
-        ClearReadOnly(target);
+        batch.Put(target, ReadWholeFile(it->path()));
+        ++copied;
+    }
+    if (const WriteFailure failure = batch.Commit()) {
+        KeepWriteFailure(ws, failure);
+        return 0;
     }
     return copied;
 }
@@ -99,7 +107,7 @@ bool EndSystem(Workspace& ws) {
     const std::string title = ws.captions[Cap::EndTitle] + "  " + ws.productName;
     const std::string text = ws.captions.Message(59) + " : " + ws.productName;
     if (!ws.ui.AskYesNo(title, text)) return false;
-    SaveSettings(ws);
+    if (!SaveSettings(ws)) SayWriteFailures(ws, "The settings were not saved.");
     return true;
 }
 
@@ -148,7 +156,7 @@ bool StartExternalProgram(Workspace& ws, ExternalProgram program) {
 
 bool HandOver(Workspace& ws, ExternalProgram program, int flag, int statusWord) {
     WriteExchangeFile(ws, flag, statusWord);
-    SaveSettings(ws);
+    if (!SaveSettings(ws)) SayWriteFailures(ws, "The settings were not saved.");
     return StartExternalProgram(ws, program);
 }
 

@@ -9,7 +9,7 @@
 
 namespace kv {
 
-enum class MessageIcon { Information, Question, Error };
+enum class MessageIcon { Information, Question, Error, Warning };
 
 struct UserInterface {
     // A message box: title (product name and version as a rule), text, icon.

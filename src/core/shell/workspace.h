@@ -5,7 +5,9 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "cycle/cycle_state.h"
 #include "lines/pipe_table.h"
@@ -13,12 +15,17 @@
 #include "refrigerant/property_tables.h"
 #include "shell/captions.h"
 #include "shell/exchange.h"
+#include "shell/safe_write.h"
 #include "shell/settings.h"
 #include "shell/user_interface.h"
 
 namespace kv {
 
 inline constexpr const char* kProductName = "Kelvaris";
+
+class StagedWrites;
+class PrivateWorkingSet;
+class DataDirectoryLock;
 
 struct Workspace {
     // Where kparam.dat lives. The data directory is named inside it.
@@ -56,6 +63,22 @@ struct Workspace {
     int factoryFilesInstalled = 0;  // files copied from the factory data at start
     // The pipe series loaded for the calculation (the project's RohrDatei).
     PipeTable pipes;
+    // Writes of workspace files that failed, oldest first; whoever shows
+    // them clears the list.
+    mutable std::vector<WriteFailure> writeFailures;
+    // While a project load collects the new working set, its writes go here.
+    StagedWrites* staging = nullptr;
+    // The project file last loaded, when it had ended early: a save asks
+    // before it writes the blanks over the user's file.
+    std::string truncatedLoad;
+    // What the last project load found missing in its file.
+    std::vector<std::string> loadWarnings;
+    // A run on a private working set: the data directory proper (settings
+    // keep naming it), the set, and the desktop's lock on the directory.
+    std::filesystem::path sharedDataDir;
+    std::shared_ptr<PrivateWorkingSet> privateSet;
+    std::shared_ptr<DataDirectoryLock> dataLock;
+    bool readOnlyUse = false;  // another window owns the data directory: nothing is saved
 
     std::filesystem::path DataDir() const { return std::filesystem::path(project.DatenVerz); }
     // Title of the message boxes: product name and version.
