@@ -82,6 +82,9 @@ void LoadSettings(Workspace& ws) {
     in.Read(s.setting1_9);
     in.Read(s.setting1_10);
     in.Read(s.RohrDatei);
+    // A first start names no pipe series: new projects take the SI copper
+    // series, so that a plant is never calculated without line losses.
+    if (Trim(s.RohrDatei).empty()) s.RohrDatei = "RohrDM.DAT";
     in.Read(s.setting1_12);
     s.Laufwerk.clear();
     in.Read(s.Laufwerk);
