@@ -79,7 +79,10 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
     j["dpLiquid"] = c.dpLiquid;
     j["annualCost"] = c.annualCost;
     j["co2Tons"] = c.co2Tons;
-    j["warnings"] = kv::PlausibilityNotes(ws);
+    // What the load noticed (a file cut short), then doubts on the figures.
+    std::vector<std::string> warnings = ws.loadWarnings;
+    for (std::string& note : kv::PlausibilityNotes(ws)) warnings.push_back(std::move(note));
+    j["warnings"] = warnings;
     if (ws.project.EcoFlag == 1) {
         j["pIntermediate"] = c.pIntermediate;
         j["tIntermediate"] = c.tIntermediate;
@@ -106,7 +109,6 @@ nlohmann::json CycleJson(const kv::Workspace& ws) {
     }
     j["lines"] = lines;
     j["reference"] = ReferenceJson(c);
-    j["warnings"] = ws.loadWarnings;
     return j;
 }
 
