@@ -308,3 +308,80 @@ TEST_F(Selection, ParksStandInForTheSeries) {
 }
 
 }  // namespace
+
+#include "catalogue/selection_table.h"
+
+namespace {
+
+TEST(SelectionTable, EnergyClassBoundaries) {
+    // Group 650: R = int(10 Q / P) / 10.
+    EXPECT_EQ(kv::EnergyClass(650, Art({{17, "240"}, {18, "1"}})), "A++");
+    EXPECT_EQ(kv::EnergyClass(650, Art({{17, "239.99"}, {18, "1"}})), "A+");
+    EXPECT_EQ(kv::EnergyClass(650, Art({{17, "30"}, {18, "1"}})), "D");
+    EXPECT_EQ(kv::EnergyClass(650, Art({{17, "29.9"}, {18, "1"}})), "E");
+    EXPECT_EQ(kv::EnergyClass(650, Art({{17, "1"}, {18, "0"}})), "A++") << "no power counts as 0.001 kW";
+    // Group 600: fin spacing 4.5 leaves the figure unscaled; Q / 1.23 / P.
+    EXPECT_NEAR(kv::EnergyFigure(600, Art({{11, "4.5"}, {17, "55.35"}, {18, "1"}})), 45, 1e-9);
+    EXPECT_EQ(kv::EnergyClass(600, Art({{11, "4.5"}, {17, "55.35"}, {18, "1"}})), "A++");
+    EXPECT_EQ(kv::EnergyClass(600, Art({{11, "4.5"}, {17, "14.76"}, {18, "1"}})), "D");  // exactly 12
+    EXPECT_EQ(kv::EnergyClass(600, Art({{11, "18"}, {17, "14.76"}, {18, "1"}})), "B");   // 12 x 2 = 24
+    EXPECT_EQ(kv::EnergyClass(550, Art({{17, "10"}})), "");
+}
+
+TEST(SelectionTable, BandsInverterAndHeadings) {
+    EXPECT_EQ(kv::BandOf(1.0, 1.0, false), kv::CapacityBand::Near);
+    EXPECT_EQ(kv::BandOf(1.2, 1.0, false), kv::CapacityBand::Usable);
+    EXPECT_EQ(kv::BandOf(1.3, 1.0, false), kv::CapacityBand::Other);
+    EXPECT_EQ(kv::BandOf(1.4, 1.0, true), kv::CapacityBand::Near);
+    EXPECT_EQ(kv::BandOf(4.9, 1.0, true), kv::CapacityBand::Usable);
+    EXPECT_EQ(kv::BandOf(1.0, 1.0, true), kv::CapacityBand::Other);
+    EXPECT_EQ(kv::BandOf(1.0, 0.0, false), kv::CapacityBand::Other);
+    EXPECT_EQ(kv::BandColour(kv::CapacityBand::Usable), 14);
+    const kv::InverterRating at50 = kv::InverterRech(21.37, 5, 21.37, 10, 50, 0);
+    EXPECT_NEAR(at50.displacement, 21.37, 1e-12);
+    EXPECT_NEAR(at50.capacity, 10, 1e-12);
+    EXPECT_EQ(at50.label, " (50Hz)");
+    const kv::InverterRating at70 = kv::InverterRech(20, 5, 20, 10, 70, 50);
+    EXPECT_NEAR(at70.displacement, 28, 1e-12);
+    EXPECT_NEAR(at70.power, 7, 1e-12);
+    EXPECT_NEAR(at70.capacity, 7.14, 1e-12);
+    EXPECT_EQ(kv::InverterRech(0, 5, 20, 10, 0, 50).capacity, 0);
+    EXPECT_EQ(kv::QoMessage(1.5, 12.345), "Qo min = 1.5 kW, Qo max = 12.34 kW");
+    EXPECT_EQ(kv::KopfZeile("kW")[1], " [kW]");
+    EXPECT_EQ(kv::HeadVentTab().size(), 5u);
+}
+
+TEST_F(Selection, TableOfACondenserSeriesAndAdoption) {
+    std::string bytes(700 * 570, ' ');
+    auto put = [&](long long no, const std::string& r) { bytes.replace(static_cast<std::size_t>(no - 1) * 570, 570, r); };
+    put(652, Record({{1, "KD 5"}, {2, "2"}, {3, "KD-5"}, {4, "22"}, {17, "15"}, {18, "0.1"}}));
+    put(653, Record({{1, "KD 9"}, {2, "3"}, {3, "KD-9"}, {4, "28"}, {17, "30"}, {18, "0.1"}}));
+    Put("TESTCNDN.rdm", bytes);
+    ws.project.dtKond = "5";
+    kv::TableDuty duty;
+    duty.qDuty = 8;
+    duty.qCond = 9;
+    const kv::SelectionTable t = kv::BuildSelectionTable(ws, 652, "TESTCND", 652, duty);
+    ASSERT_EQ(t.rows.size(), 2u);
+    // 15 kW x 5 / 15 = 5, 30 x 1/3 = 10: the second meets 9 kW and is near.
+    EXPECT_NEAR(t.rows[0].rated, 5, 1e-9);
+    EXPECT_NEAR(t.rows[1].rated, 10, 1e-9);
+    EXPECT_EQ(t.marked, 1);
+    EXPECT_EQ(t.rows[1].colour, 10);
+    EXPECT_EQ(t.rows[0].colour, 12);
+    EXPECT_EQ(t.rows[1].energyClass, "A++");
+    EXPECT_EQ(t.messageLine, "Qo min = 5 kW, Qo max = 10 kW");
+    EXPECT_FALSE(kv::AdoptTableRow(ws, t, 2));
+    ASSERT_TRUE(kv::AdoptTableRow(ws, t, 1));
+    const auto park = kv::ReadPark(ws, kv::kMainUnitPark);
+    ASSERT_EQ(park.size(), 3u);
+    EXPECT_EQ(park[2].row[1], "KD 9");
+    const std::string sheet = Get("BT_calc.DAT");
+    EXPECT_NE(sheet.find("  pc /[bar a/psi a] : §$&15"), std::string::npos);
+    EXPECT_NE(sheet.find("Eff_class§§§$$$A++"), std::string::npos);
+    EXPECT_NE(sheet.find("Part_Pic"), std::string::npos);
+    // A missing catalogue gives an empty table, not an error.
+    EXPECT_TRUE(kv::BuildSelectionTable(ws, 652, "NOSUCHC", 652, duty).rows.empty());
+}
+
+}  // namespace

@@ -93,7 +93,7 @@ bool IsElectronicValve(std::string_view type) {
 }
 
 double HeatExchangerDuty(double first) {
-    double duty = std::floor(Finite(first) / 0.05 + 1e-9) * 0.05;
+    double duty = std::floor(Finite(first) * 20 + 1e-9) / 20;
     if (duty > 20) duty = std::floor(duty);
     return duty;
 }
@@ -505,9 +505,9 @@ SelectionResult SelectComponent(Workspace& ws, SelectionState& st, const SelectR
         row.record = series[i].record;
         const bool fixed = reselect && q.record > 0 && series[i].record == q.record;
         r.rows.push_back(row);
-        if ((reselect && q.record > 0) ? fixed : row.passes) {
+        if (!taken && ((reselect && q.record > 0) ? fixed : row.passes)) {
             taken = &series[i];
-            break;
+            if (!q.wholeSeries) break;
         }
     }
     if (!taken) {
@@ -516,7 +516,7 @@ SelectionResult SelectComponent(Workspace& ws, SelectionState& st, const SelectR
         return r;
     }
 
-    const RatedRow& row = r.rows.back();
+    const RatedRow& row = r.rows[static_cast<std::size_t>(taken - series.data())];
     r.taken = taken->record;
     r.article = taken->article;
     st.lastDrop = row.drop;

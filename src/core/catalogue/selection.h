@@ -54,6 +54,7 @@ struct SelectRequest {
     long long record = 0;       // the fixed record in modes 44, 88, 188
     double tenth = 0.0;
     int position = 0;           // with catalogueFile: the series position to rate instead of the list's
+    bool wholeSeries = false;   // rate the rows behind the taken one too (for showing the series)
 };
 
 // The plant's state as the rating rules read it.
