@@ -414,6 +414,35 @@ bool ParkApplies(const std::string& plantType) {
     return std::any_of(std::begin(kTypes), std::end(kTypes), [&](const char* t) { return plantType == t; });
 }
 
+// The files of the call: from the run's store when there is one.
+const std::vector<SeriesChoice>& Choices(const Workspace& ws, SelectionState& st, bool brine,
+                                         std::vector<SeriesChoice>& own) {
+    if (!st.files) return own = ReadSeriesChoices(ws, brine);
+    SelectionFiles& f = *st.files;
+    if (!f.choicesRead) f.choices = ReadSeriesChoices(ws, brine);
+    f.choicesRead = true;
+    return f.choices;
+}
+
+const std::vector<ParkEntry>& Park(const Workspace& ws, SelectionState& st, bool main, std::vector<ParkEntry>& own) {
+    const std::string_view file = main ? kMainUnitPark : kFittingsPark;
+    if (!st.files) return own = ReadPark(ws, file);
+    SelectionFiles& f = *st.files;
+    bool& read = main ? f.mainParkRead : f.fittingsParkRead;
+    std::vector<ParkEntry>& park = main ? f.mainPark : f.fittingsPark;
+    if (!read) park = ReadPark(ws, file);
+    read = true;
+    return park;
+}
+
+const std::vector<SeriesArticle>& Series(const Workspace& ws, SelectionState& st, const std::string& base,
+                                         int position, std::vector<SeriesArticle>& own) {
+    if (!st.files) return own = ReadSeriesArticles(ws, base, position);
+    auto [it, fresh] = st.files->series.try_emplace({base, position});
+    if (fresh) it->second = ReadSeriesArticles(ws, base, position);
+    return it->second;
+}
+
 bool FromPark(SelectionResult& r, const ParkEntry& e) {
     if (Trim(e.row[0]).empty()) return false;
     r.fromPark = true;
@@ -442,7 +471,12 @@ SelectionResult SelectComponent(Workspace& ws, SelectionState& st, const SelectR
         r.skipped = true;
         return r;
     }
-    const PlantDuty d = DutyOf(ws);
+    PlantDuty own;
+    if (st.files && !st.files->dutyRead) {
+        st.files->duty = DutyOf(ws);
+        st.files->dutyRead = true;
+    }
+    const PlantDuty& d = st.files ? st.files->duty : (own = DutyOf(ws));
     r.duty = (q.kind == 13 || q.kind == 14 || q.kind == 23 || q.kind == 33) ? HeatExchangerDuty(q.first) : q.first;
     if (st.mode == SelectStored && r.duty == HeatExchangerDuty(q.first)) r.duty += st.storedExtra;
 
@@ -450,11 +484,13 @@ SelectionResult SelectComponent(Workspace& ws, SelectionState& st, const SelectR
     const bool reselect = st.mode == SelectReselect || st.mode == SelectReselectRow || st.mode == SelectStored;
     if (!reselect && ParkApplies(d.plantType)) {
         if (IsMainUnitKind(q.kind)) {
-            const std::vector<ParkEntry> park = ReadPark(ws, kMainUnitPark);
+            std::vector<ParkEntry> own;
+            const std::vector<ParkEntry>& park = Park(ws, st, true, own);
             const std::size_t pos = static_cast<std::size_t>(ParkPosition(q.kind));
             if (park.size() >= pos && FromPark(r, park[pos - 1])) return r;
         } else {
-            for (const ParkEntry& e : ReadPark(ws, kFittingsPark))
+            std::vector<ParkEntry> own;
+            for (const ParkEntry& e : Park(ws, st, false, own))
                 if (static_cast<int>(ToNumber(Trim(e.change[2]))) == q.kind && LineOf(e) == Trim(q.lineName) &&
                     FromPark(r, e))
                     return r;
@@ -468,7 +504,8 @@ SelectionResult SelectComponent(Workspace& ws, SelectionState& st, const SelectR
         if (reselect && q.record > 0 && q.position <= 0)
             r.position = static_cast<int>(q.record - (q.record - 2) % kGroupRecords);
     } else {
-        const std::vector<SeriesChoice> list = ReadSeriesChoices(ws, d.brine);
+        std::vector<SeriesChoice> own;
+        const std::vector<SeriesChoice>& list = Choices(ws, st, d.brine, own);
         const int slot = KindSlot(q.kind);
         if (slot < 1 || static_cast<int>(list.size()) < slot) {
             r.message = "no series chosen for this kind";
@@ -479,7 +516,8 @@ SelectionResult SelectComponent(Workspace& ws, SelectionState& st, const SelectR
         r.position = list[static_cast<std::size_t>(slot - 1)].position;
     }
     const std::string base = r.catalogueFile.substr(0, std::min<std::size_t>(7, r.catalogueFile.size()));
-    const std::vector<SeriesArticle> series = ReadSeriesArticles(ws, base, r.position);
+    std::vector<SeriesArticle> ownSeries;
+    const std::vector<SeriesArticle>& series = Series(ws, st, base, r.position, ownSeries);
     if (series.empty()) {
         r.message = "catalogue " + r.catalogueFile + " has no articles at position " + std::to_string(r.position);
         FillListRow(r, q);
@@ -553,7 +591,10 @@ SelectionResult SelectComponent(Workspace& ws, SelectionState& st, const SelectR
         st.valveCondensingC = std::trunc(Finite(TemperatureOfPressure(ws, p)));
         st.valveCondensingSet = true;
     }
-    if (st.mode == SelectToFittingsPark) PutFittingsEntry(ws, ParkEntryOf(r, q));
+    if (st.mode == SelectToFittingsPark) {
+        PutFittingsEntry(ws, ParkEntryOf(r, q));
+        if (st.files) st.files->fittingsParkRead = false;
+    }
     return r;
 }
 

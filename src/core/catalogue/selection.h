@@ -6,15 +6,19 @@
 #pragma once
 
 #include <array>
+#include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "catalogue/article.h"
+#include "catalogue/catalogue.h"
 
 namespace kv {
 
 struct Workspace;
+struct SelectionFiles;
 
 // The mode word of a selection run.
 enum SelectModeValue : int {
@@ -40,6 +44,9 @@ struct SelectionState {
     bool valveCondensingSet = false;
     double storedFigure = 0.0;            // mode 44: the duty of the stored article
     double storedExtra = 0.0;             // mode 44: added to a heat exchanger's duty
+    // Set for a run over many components (the list generation): the series
+    // list, the parks and the series read are kept here and read only once.
+    std::shared_ptr<SelectionFiles> files;
 };
 
 // The arguments of one call.
@@ -156,6 +163,15 @@ bool PutParkEntry(const Workspace& ws, std::string_view file, int position, cons
 bool PutFittingsEntry(const Workspace& ws, const ParkEntry& entry);
 // Empties both parks.
 void ClearParks(const Workspace& ws);
+// The files of a run over many components, each read on first use.
+struct SelectionFiles {
+    bool choicesRead = false, mainParkRead = false, fittingsParkRead = false, dutyRead = false;
+    PlantDuty duty;
+    std::vector<SeriesChoice> choices;
+    std::vector<ParkEntry> mainPark, fittingsPark;
+    std::map<std::pair<std::string, int>, std::vector<SeriesArticle>> series;
+};
+
 // The park entry of a taken article.
 ParkEntry ParkEntryOf(const SelectionResult& r, const SelectRequest& q);
 

@@ -65,6 +65,7 @@ std::vector<SelectRequest> PlantSelectionPlan(const Workspace& ws) {
 
 std::vector<SelectionResult> SelectPlant(Workspace& ws, SelectionState& state) {
     std::vector<SelectionResult> results;
+    if (!state.files) state.files = std::make_shared<SelectionFiles>();
     for (const SelectRequest& q : PlantSelectionPlan(ws)) results.push_back(SelectComponent(ws, state, q));
     return results;
 }
