@@ -385,3 +385,64 @@ TEST_F(Selection, TableOfACondenserSeriesAndAdoption) {
 }
 
 }  // namespace
+
+#include "catalogue/component_search.h"
+#include "refrigerant/state_points.h"
+#include "shell/numbers.h"
+#include "cycle/kernel.h"
+#include "sample_fixture.h"
+#include "shell/startup.h"
+
+namespace {
+
+class Searches : public WorkspaceTest {
+protected:
+    void SetUp() override {
+        WorkspaceTest::SetUp();
+        kv::PrepareWorkspace(ws);
+        kv::SchemeScreen scheme;
+        ASSERT_TRUE(kvtest::OpenSampleScheme(ws, scheme, "AirWater_R290.prj"));
+        ASSERT_TRUE(kv::CalculateCycle(ws, scheme, kv::FirstCalculation));
+    }
+};
+
+TEST_F(Searches, CompressorsByCapacityReturnTheirSweptVolume) {
+    const auto all = kv::SearchCompressors(ws, 0, 0, 0);
+    ASSERT_GT(all.size(), 3u);
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        EXPECT_GT(all[i].capacity, 0);
+        if (all[i].power > 0) EXPECT_NEAR(all[i].cop, kv::Cut(all[i].capacity / all[i].power, 2), 1e-12);
+        if (i > 0) EXPECT_LE(all[i - 1].capacity, all[i].capacity);
+    }
+    const double lo = all[1].capacity, hi = all[2].capacity;
+    const auto some = kv::SearchCompressors(ws, lo, hi, 0);
+    ASSERT_FALSE(some.empty());
+    for (const auto& c : some) EXPECT_TRUE(c.capacity >= lo && c.capacity <= hi);
+    EXPECT_EQ(kv::CompressorSearchResult(some, -1), -1);
+    EXPECT_EQ(kv::CompressorSearchResult(some, 0), some[0].sweptVolume);
+    // The compressor rule by hand: V / 3600 x lambda x rho x dh.
+    const kv::CycleState& c = ws.cycle;
+    const double rho = c.rhoAfterDrop > 0 ? c.rhoAfterDrop : c.rhoSuction;
+    const double lambda = kv::VolumetricEfficiency(ws, c.pCond, c.dpDischarge, c.pEvap, c.dpSuction, 20);
+    EXPECT_NEAR(kv::CompressorCapacity(ws, 20), kv::Cut(20 / 3600.0 * lambda * rho * (c.hVapEvap - c.hLiqCond), 2),
+                1e-12);
+}
+
+TEST_F(Searches, HeatExchangersMeetTheDutyAndTheChoiceIsKept) {
+    const double duty = ws.cycle.Q0;
+    const auto rows = kv::SearchHeatExchangers(ws, 600, duty);
+    ASSERT_FALSE(rows.empty());
+    for (const auto& r : rows) {
+        EXPECT_GT(r.capacity, duty);
+        EXPECT_LT(r.capacity, 5 * duty);
+        EXPECT_FALSE(r.energyClass.empty());
+    }
+    EXPECT_TRUE(kv::SearchHeatExchangers(ws, 550, duty).empty());
+    ASSERT_TRUE(kv::WriteChosenHeatExchanger(ws, 600, rows[0]));
+    EXPECT_EQ(kv::ChosenHeatExchanger(ws), rows[0].type);
+    std::size_t lines = 0;
+    for (const std::string text = Get("hx_prj1.dat"); const char ch : text) lines += ch == '\n';
+    EXPECT_EQ(lines, 6u);
+}
+
+}  // namespace

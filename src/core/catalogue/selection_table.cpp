@@ -106,6 +106,21 @@ double CompressorCapacity(const Workspace& ws, double sweptVolume) {
     return q > 0 && std::isfinite(q) ? Cut(q, 2) : 0.0;
 }
 
+double HeatExchangerCapacity(const PlantDuty& plant, int groupCode, const Article& a, int unitFlag) {
+    double dtFactor = 1;
+    const double rated = groupCode == 600 ? 8 : 15;
+    const double design = ToNumber(groupCode == 600 ? plant.dtVerd : plant.dtKond);
+    if (design > 0) dtFactor = design / rated;
+    double unit = 1;
+    const int code = static_cast<int>(a.Number(field::UnitCode));
+    if (plant.brine && groupCode == 600) {
+        if (code == 2 && (unitFlag == 0 || unitFlag == 1)) unit = 1.666;
+        else if ((code == 0 || code == 1) && unitFlag == 2) unit = 0.6;
+    }
+    const double q = a.Number(field::Rated1) * dtFactor * unit;
+    return std::isfinite(q) ? q : 0.0;
+}
+
 std::string QoMessage(double qMin, double qMax) {
     return "Qo min = " + NumberText(Cut(qMin, 2)) + " kW, Qo max = " + NumberText(Cut(qMax, 2)) + " kW";
 }
@@ -136,17 +151,7 @@ SelectionTable BuildSelectionTable(const Workspace& ws, int catalogPosition, std
         row.description = a.Field(field::Description);
         row.price = a.Number(field::Price);
         if (hx) {
-            double dtFactor = 1;
-            const double rated = t.group == 600 ? 8 : 15;
-            const double design = ToNumber(t.group == 600 ? plant.dtVerd : plant.dtKond);
-            if (design > 0) dtFactor = design / rated;
-            double unit = 1;
-            const int code = static_cast<int>(a.Number(field::UnitCode));
-            if (plant.brine && t.group == 600) {
-                if (code == 2 && (duty.unitFlag == 0 || duty.unitFlag == 1)) unit = 1.666;
-                else if ((code == 0 || code == 1) && duty.unitFlag == 2) unit = 0.6;
-            }
-            row.rated = a.Number(field::Rated1) * dtFactor * unit;
+            row.rated = HeatExchangerCapacity(plant, t.group, a, duty.unitFlag);
             row.energyClass = EnergyClass(t.group, a);
         } else if (q.kind == 12) {
             row.rated = CompressorCapacity(ws, a.Number(field::Size));

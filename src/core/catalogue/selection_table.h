@@ -85,6 +85,11 @@ int KindOfGroup(int groupCode);
 // (h vapour at evaporation - h liquid at condensation), cut to 2 decimals.
 double CompressorCapacity(const Workspace& ws, double sweptVolume);
 
+// An air cooler (600) or condenser (650) at the project's temperature
+// difference: the rated capacity times design / rated difference (8 K, 15 K)
+// times the unit factor of a brine plant's air coolers.
+double HeatExchangerCapacity(const PlantDuty& plant, int groupCode, const Article& a, int unitFlag = 0);
+
 // Fills the table from the series at `seriesPosition` of catalogue `base`,
 // read once.
 SelectionTable BuildSelectionTable(const Workspace& ws, int catalogPosition, std::string_view base,
