@@ -2,6 +2,8 @@
 
 #include <QBrush>
 #include <QButtonGroup>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -250,6 +252,126 @@ void ComponentSelectionDialog::FillGrid() {
 
 bool ComponentSelectionDialog::Adopt(int row) {
     if (!kv::AdoptTableRow(ws_, table_, row)) return false;
+    accept();
+    return true;
+}
+
+}  // namespace kvui
+
+namespace kvui {
+
+namespace {
+void FillRows(QTableWidget* grid, const std::vector<std::vector<QString>>& rows) {
+    grid->setRowCount(static_cast<int>(rows.size()));
+    for (int i = 0; i < static_cast<int>(rows.size()); ++i)
+        for (int col = 0; col < static_cast<int>(rows[static_cast<std::size_t>(i)].size()); ++col)
+            grid->setItem(i, col, new QTableWidgetItem(rows[static_cast<std::size_t>(i)][static_cast<std::size_t>(col)]));
+}
+
+QTableWidget* Grid(const QStringList& head, const char* name) {
+    auto* grid = new QTableWidget(0, static_cast<int>(head.size()));
+    grid->setObjectName(QLatin1String(name));
+    grid->setHorizontalHeaderLabels(head);
+    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    return grid;
+}
+}  // namespace
+
+CompressorSearchDialog::CompressorSearchDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) {
+    setObjectName(QStringLiteral("KompSuche"));
+    const kv::Captions& c = ws_.captions;
+    setWindowTitle(Q(c[kv::Cap::CompressorSearchTitle]));
+    grid_ = Grid({Q(c[kv::Cap::TypeDesignation]), Q(c[kv::Cap::Manufacturer]), Q(c[kv::Cap::Series]),
+                  QStringLiteral("Qo /[kW]"), QStringLiteral("Pel /[kW]"), QStringLiteral("COP"),
+                  QStringLiteral("Vh /[m³/h]")},
+                 "Compressors");
+    qMin_ = new QLineEdit(QStringLiteral("0"));
+    qMin_->setObjectName(QStringLiteral("QoMin"));
+    qMax_ = new QLineEdit(QStringLiteral("0"));
+    qMax_->setObjectName(QStringLiteral("QoMax"));
+    auto* search = Button(Q(c[kv::Cap::CompressorSearchTitle]), "Search");
+    auto* take = Button(Q(c[kv::Cap::Select]), "Take");
+    auto* close = Button(Q(c[kv::Cap::Close]), "Close");
+    connect(search, &QPushButton::clicked, this, [this] {
+        Search(kv::ToNumber(qMin_->text().toStdString()), kv::ToNumber(qMax_->text().toStdString()),
+               ws_.project.KondArt);
+    });
+    connect(take, &QPushButton::clicked, this, [this] { Choose(grid_->currentRow()); });
+    connect(grid_, &QTableWidget::cellDoubleClicked, this, [this](int row, int) { Choose(row); });
+    connect(close, &QPushButton::clicked, this, &QDialog::reject);
+    auto* range = new QHBoxLayout;
+    range->addWidget(new QLabel(QStringLiteral("Qo min")));
+    range->addWidget(qMin_);
+    range->addWidget(new QLabel(QStringLiteral("Qo max")));
+    range->addWidget(qMax_);
+    range->addWidget(search);
+    auto* actions = new QHBoxLayout;
+    actions->addWidget(take);
+    actions->addWidget(close);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(range);
+    layout->addWidget(grid_);
+    layout->addLayout(actions);
+    Search(0, 0, ws_.project.KondArt);
+}
+
+void CompressorSearchDialog::Search(double qMin, double qMax, int principle) {
+    rows_ = kv::SearchCompressors(ws_, qMin, qMax, principle);
+    std::vector<std::vector<QString>> cells;
+    for (const kv::CompressorCandidate& r : rows_)
+        cells.push_back({Q(r.type), Q(r.title), Q(r.series), Figure(r.capacity), Figure(r.power), Figure(r.cop),
+                         Figure(r.sweptVolume)});
+    FillRows(grid_, cells);
+}
+
+void CompressorSearchDialog::Choose(int row) {
+    result_ = kv::CompressorSearchResult(rows_, row);
+    if (result_ >= 0) accept();
+}
+
+HeatExchangerSelectionDialog::HeatExchangerSelectionDialog(kv::Workspace& ws, int groupCode, QWidget* parent)
+    : QDialog(parent), ws_(ws) {
+    setObjectName(QStringLiteral("HxSelect"));
+    const kv::Captions& c = ws_.captions;
+    setWindowTitle(Q(c[kv::Cap::CatKindEvaporators]) + QStringLiteral(" / ") + Q(c[kv::Cap::CatKindCondensers]));
+    grid_ = Grid({Q(c[kv::Cap::TypeDesignation]), Q(c[kv::Cap::Manufacturer]), Q(c[kv::Cap::Series]),
+                  Q(c[kv::Cap::CapacityAtDuty]), QStringLiteral("V /[dm³]"), Q(c[kv::Cap::EnergyClass])},
+                 "HeatExchangers");
+    auto* kind = new QComboBox;
+    kind->setObjectName(QStringLiteral("Kind"));
+    kind->addItem(Q(c[kv::Cap::CatKindEvaporators]), 600);
+    kind->addItem(Q(c[kv::Cap::CatKindCondensers]), 650);
+    kind->setCurrentIndex(groupCode == 650 ? 1 : 0);
+    auto* take = Button(Q(c[kv::Cap::Select]), "Take");
+    auto* close = Button(Q(c[kv::Cap::Close]), "Close");
+    connect(kind, &QComboBox::activated, this, [this, kind](int i) { ShowGroup(kind->itemData(i).toInt()); });
+    connect(take, &QPushButton::clicked, this, [this] { Choose(grid_->currentRow()); });
+    connect(close, &QPushButton::clicked, this, &QDialog::reject);
+    auto* actions = new QHBoxLayout;
+    actions->addWidget(take);
+    actions->addWidget(close);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(kind);
+    layout->addWidget(grid_);
+    layout->addLayout(actions);
+    ShowGroup(groupCode);
+}
+
+void HeatExchangerSelectionDialog::ShowGroup(int groupCode) {
+    group_ = groupCode == 650 ? 650 : 600;
+    const kv::CycleState& c = ws_.cycle;
+    const double duty = group_ == 650 ? (c.Qh > 0 ? c.Qh : c.Q0 + c.pShaft) : c.Q0;
+    rows_ = kv::SearchHeatExchangers(ws_, group_, duty);
+    std::vector<std::vector<QString>> cells;
+    for (const kv::HeatExchangerCandidate& r : rows_)
+        cells.push_back({Q(r.type), Q(r.title), Q(r.series), Figure(r.capacity), Figure(r.volume), Q(r.energyClass)});
+    FillRows(grid_, cells);
+}
+
+bool HeatExchangerSelectionDialog::Choose(int row) {
+    if (row < 0 || row >= static_cast<int>(rows_.size())) return false;
+    if (!kv::WriteChosenHeatExchanger(ws_, group_, rows_[static_cast<std::size_t>(row)])) return false;
     accept();
     return true;
 }

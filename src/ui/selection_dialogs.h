@@ -1,13 +1,16 @@
 // The accessory selection (ArmSelek) and the component selection table
-// (VentZeig), thin over the core's screen models.
+// (VentZeig), the compressor search and the heat-exchanger selection, thin
+// over the core's screen models.
 #pragma once
 
 #include <QDialog>
 
+#include "catalogue/component_search.h"
 #include "catalogue/selection_screen.h"
 #include "catalogue/selection_table.h"
 
 class QLabel;
+class QLineEdit;
 class QListWidget;
 class QRadioButton;
 class QTableWidget;
@@ -65,6 +68,48 @@ private:
     QListWidget* seriesList_ = nullptr;
     QTableWidget* grid_ = nullptr;
     QLabel* message_ = nullptr;
+};
+
+}  // namespace kvui
+
+namespace kvui {
+
+// The compressor search of the project data screen: the compressors of all
+// catalogues in a capacity range at the project's temperatures.
+class CompressorSearchDialog : public QDialog {
+    Q_OBJECT
+public:
+    explicit CompressorSearchDialog(kv::Workspace& ws, QWidget* parent = nullptr);
+    void Search(double qMin, double qMax, int principle);
+    const std::vector<kv::CompressorCandidate>& Rows() const { return rows_; }
+    // The swept volume of the chosen row; -1 when none was chosen.
+    double Result() const { return result_; }
+    void Choose(int row);
+
+private:
+    kv::Workspace& ws_;
+    std::vector<kv::CompressorCandidate> rows_;
+    QTableWidget* grid_ = nullptr;
+    QLineEdit* qMin_ = nullptr;
+    QLineEdit* qMax_ = nullptr;
+    double result_ = -1;
+};
+
+// The heat-exchanger selection: air coolers or condensers of all catalogues
+// at the project's duty; the chosen one goes to hx_prj1.dat.
+class HeatExchangerSelectionDialog : public QDialog {
+    Q_OBJECT
+public:
+    HeatExchangerSelectionDialog(kv::Workspace& ws, int groupCode, QWidget* parent = nullptr);
+    void ShowGroup(int groupCode);
+    const std::vector<kv::HeatExchangerCandidate>& Rows() const { return rows_; }
+    bool Choose(int row);
+
+private:
+    kv::Workspace& ws_;
+    int group_ = 600;
+    std::vector<kv::HeatExchangerCandidate> rows_;
+    QTableWidget* grid_ = nullptr;
 };
 
 }  // namespace kvui

@@ -74,3 +74,25 @@ TEST_F(SelectionScreens, SchemeScreenOpensTheSelection) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(SelectionScreens, CompressorSearchReturnsItsSweptVolume) {
+    kvui::CompressorSearchDialog d(ws);
+    ASSERT_FALSE(d.Rows().empty());
+    EXPECT_EQ(d.findChild<QTableWidget*>(QStringLiteral("Compressors"))->rowCount(), static_cast<int>(d.Rows().size()));
+    EXPECT_EQ(d.Result(), -1);
+    d.Choose(0);
+    EXPECT_EQ(d.Result(), d.Rows()[0].sweptVolume);
+    EXPECT_EQ(d.result(), QDialog::Accepted);
+}
+
+TEST_F(SelectionScreens, HeatExchangerChoiceGoesToTheWorkingFile) {
+    kvui::HeatExchangerSelectionDialog d(ws, 650);
+    ASSERT_FALSE(d.Rows().empty());
+    EXPECT_FALSE(d.Choose(-1));
+    ASSERT_TRUE(d.Choose(0));
+    EXPECT_EQ(kv::ChosenHeatExchanger(ws), d.Rows()[0].type);
+}
+
+}  // namespace

@@ -7,12 +7,23 @@
 #include "catalogue/matchcode.h"
 #include "catalogue/selection.h"
 #include "catalogue/selection_table.h"
+#include "cycle/kernel.h"
+#include "cycle/scheme_screen.h"
+#include "project/data_screen.h"
 #include "shell/files.h"
 #include "shell/numbers.h"
 #include "shell/text.h"
 #include "shell/workspace.h"
 
 namespace kv {
+
+bool OperatingPointForSearch(Workspace& ws, DataScreen& screen) {
+    if (ws.project.CalcState == 1 && ws.cycle.pEvap > 0) return true;
+    if (!StartCalculation(ws, screen)) return false;
+    SchemeScreen scheme;
+    OpenSchemeScreen(ws, scheme);
+    return CalculateCycle(ws, scheme, FirstCalculation);
+}
 
 std::vector<CompressorCandidate> SearchCompressors(const Workspace& ws, double qMin, double qMax, int principle) {
     std::vector<CompressorCandidate> rows;

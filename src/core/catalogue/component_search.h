@@ -10,6 +10,12 @@
 namespace kv {
 
 struct Workspace;
+struct DataScreen;
+
+// The operating point the searches rate at: the project's inputs checked and
+// its cycle calculated, unless a calculation has completed already. False
+// when the input check refuses the project.
+bool OperatingPointForSearch(Workspace& ws, DataScreen& screen);
 
 struct CompressorCandidate {
     std::string base, title, series, type, orderNumber;
