@@ -215,6 +215,7 @@ void SchemeDialog::Refresh() {
     psic_->setText(Q(screen_.pcpsi));
     QStringList notes;
     for (const std::string& n : screen_.notes) notes << Q(n);
+    if (const std::string hx = kv::ChosenHeatExchanger(ws_); !hx.empty()) notes << Q(hx);  // from hx_prj1.dat
     notes_->setText(notes.join(QStringLiteral("\n")));
     for (auto [box, on] : {std::pair{hub_, screen_.Hubconstant}, {keep_, screen_.cConstant}, {eco_, screen_.EcoCheck}}) {
         const QSignalBlocker block(box);

@@ -93,6 +93,10 @@ TEST_F(SelectionScreens, HeatExchangerChoiceGoesToTheWorkingFile) {
     EXPECT_FALSE(d.Choose(-1));
     ASSERT_TRUE(d.Choose(0));
     EXPECT_EQ(kv::ChosenHeatExchanger(ws), d.Rows()[0].type);
+    kvui::SchemeDialog scheme(ws);
+    bool shown = false;
+    for (const QLabel* l : scheme.findChildren<QLabel*>()) shown = shown || l->text().contains(QString::fromStdString(d.Rows()[0].type));
+    EXPECT_TRUE(shown) << "the plant scheme names the chosen unit";
 }
 
 }  // namespace
