@@ -446,3 +446,26 @@ TEST_F(Searches, HeatExchangersMeetTheDutyAndTheChoiceIsKept) {
 }
 
 }  // namespace
+
+namespace {
+
+TEST_F(Selection, ModesReselectAndStoredFigure) {
+    // Mode 88: the row of the list is taken as it stands, without the test.
+    st.mode = kv::SelectReselect;
+    kv::SelectRequest q = Req(5, 0.1, 1000);
+    q.catalogueFile = "TESTVALN.rdm";
+    q.record = 252;
+    kv::SelectionResult r = kv::SelectComponent(ws, st, q);
+    EXPECT_EQ(r.position, 252);
+    EXPECT_EQ(r.taken, 252);
+    EXPECT_NEAR(st.lastDrop, 10, 1e-9);
+    // Mode 44: the stored figure replaces the first value.
+    st.mode = kv::SelectStored;
+    st.storedFigure = 0.2;
+    q.record = 253;
+    r = kv::SelectComponent(ws, st, q);
+    EXPECT_EQ(r.taken, 253);
+    EXPECT_NEAR(st.lastDrop, 360, 1e-9);  // 90 mbar at 0.1 kg/s, four times at 0.2
+}
+
+}  // namespace
