@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "catalogue/catalogue.h"
+#include "catalogue/record_file.h"
 #include "cycle/scheme_screen.h"
 #include "lines/pipe_table.h"
 #include "refrigerant/registry.h"
@@ -36,6 +38,37 @@ double DifferenceOr(std::string_view typed, double fallback) {
 }
 
 }  // namespace
+
+struct SeriesRows::Reader {
+    RecordFileReader file;
+    std::string record;
+};
+
+SeriesRows::SeriesRows(const Workspace& ws, std::string_view base, int position)
+    : in_(std::make_unique<Reader>(Reader{RecordFileReader(ResolveName(ws, RecordFileName(base)), kArticleLength), {}})),
+      position_(position), ended_(position < 1) {
+    rows_.reserve(8);
+}
+SeriesRows::~SeriesRows() = default;
+SeriesRows::SeriesRows(SeriesRows&&) noexcept = default;
+SeriesRows& SeriesRows::operator=(SeriesRows&&) noexcept = default;
+
+const SeriesArticle* SeriesRows::Row(std::size_t i) {
+    while (rows_.size() <= i && !ended_) {
+        const long long number = position_ + static_cast<long long>(rows_.size());
+        if (rows_.size() >= static_cast<std::size_t>(kSeriesRows) || !in_->file.Get(number, in_->record)) {
+            ended_ = true;
+            break;
+        }
+        Article a = DecodeArticle(in_->record);
+        if (EndsSeries(a)) {
+            ended_ = true;
+            break;
+        }
+        rows_.push_back({number, std::move(a)});
+    }
+    return i < rows_.size() ? &rows_[i] : nullptr;
+}
 
 std::string DefaultConnection(int kind) {
     switch (kind) {
@@ -435,11 +468,11 @@ const std::vector<ParkEntry>& Park(const Workspace& ws, SelectionState& st, bool
     return park;
 }
 
-const std::vector<SeriesArticle>& Series(const Workspace& ws, SelectionState& st, const std::string& base,
-                                         int position, std::vector<SeriesArticle>& own) {
-    if (!st.files) return own = ReadSeriesArticles(ws, base, position);
-    auto [it, fresh] = st.files->series.try_emplace({base, position});
-    if (fresh) it->second = ReadSeriesArticles(ws, base, position);
+SeriesRows& Series(const Workspace& ws, SelectionState& st, const std::string& base, int position,
+                   std::optional<SeriesRows>& own) {
+    if (!st.files) return own.emplace(ws, base, position);
+    auto it = st.files->series.find({base, position});
+    if (it == st.files->series.end()) it = st.files->series.emplace(std::pair{base, position}, SeriesRows(ws, base, position)).first;
     return it->second;
 }
 
@@ -516,45 +549,47 @@ SelectionResult SelectComponent(Workspace& ws, SelectionState& st, const SelectR
         r.position = list[static_cast<std::size_t>(slot - 1)].position;
     }
     const std::string base = r.catalogueFile.substr(0, std::min<std::size_t>(7, r.catalogueFile.size()));
-    std::vector<SeriesArticle> ownSeries;
-    const std::vector<SeriesArticle>& series = Series(ws, st, base, r.position, ownSeries);
-    if (series.empty()) {
+    std::optional<SeriesRows> ownSeries;
+    SeriesRows& series = Series(ws, st, base, r.position, ownSeries);
+    if (!series.Row(0)) {
         r.message = "catalogue " + r.catalogueFile + " has no articles at position " + std::to_string(r.position);
         FillListRow(r, q);
         return r;
     }
 
-    // Rows.
+    // Rows, read as far as the selection goes.
     double lambda = 0.75;
     SelectRequest rated = q;
     if (q.kind == 12) {
         rated.first = MassFlow(ws, d.massFlow, q.first);
         if (!(rated.first > 0) || !std::isfinite(rated.first)) rated.first = d.massFlow;
     }
-    r.rows.reserve(series.size());
     const SeriesArticle* taken = nullptr;
-    for (std::size_t i = 0; i < series.size(); ++i) {
-        const Article& a = series[i].article;
+    std::size_t takenRow = 0;
+    for (std::size_t i = 0; const SeriesArticle* s = series.Row(i); ++i) {
+        const Article& a = s->article;
         if (q.kind == 12) {
             lambda = VolumetricEfficiency(ws, d.pCond, d.dpDischarge, d.pEvap, d.dpSuction, a.Number(field::Size));
             if (!(lambda > 0) || !std::isfinite(lambda)) lambda = 0.75;
         }
         RatedRow row = RateRow(d, rated, a, static_cast<int>(i) + 1, lambda);
-        row.record = series[i].record;
-        const bool fixed = reselect && q.record > 0 && series[i].record == q.record;
+        row.record = s->record;
+        const bool fixed = reselect && q.record > 0 && s->record == q.record;
         r.rows.push_back(row);
         if (!taken && ((reselect && q.record > 0) ? fixed : row.passes)) {
-            taken = &series[i];
+            taken = s;
+            takenRow = i;
             if (!q.wholeSeries) break;
         }
     }
+    if (taken) taken = series.Row(takenRow);  // the rows read behind it may have moved it
     if (!taken) {
         r.message = "no article of the series meets the duty";
         FillListRow(r, q);
         return r;
     }
 
-    const RatedRow& row = r.rows[static_cast<std::size_t>(taken - series.data())];
+    const RatedRow& row = r.rows[takenRow];
     r.taken = taken->record;
     r.article = taken->article;
     st.lastDrop = row.drop;

@@ -163,13 +163,32 @@ bool PutParkEntry(const Workspace& ws, std::string_view file, int position, cons
 bool PutFittingsEntry(const Workspace& ws, const ParkEntry& entry);
 // Empties both parks.
 void ClearParks(const Workspace& ws);
+// A series read row by row as far as a selection needs it, the record file
+// opened once.
+class SeriesRows {
+public:
+    SeriesRows(const Workspace& ws, std::string_view base, int position);
+    ~SeriesRows();
+    SeriesRows(SeriesRows&&) noexcept;
+    SeriesRows& operator=(SeriesRows&&) noexcept;
+    // Row i from 0; nullptr past the end of the series.
+    const SeriesArticle* Row(std::size_t i);
+
+private:
+    struct Reader;
+    std::unique_ptr<Reader> in_;
+    std::vector<SeriesArticle> rows_;
+    long long position_ = 0;
+    bool ended_ = false;
+};
+
 // The files of a run over many components, each read on first use.
 struct SelectionFiles {
     bool choicesRead = false, mainParkRead = false, fittingsParkRead = false, dutyRead = false;
     PlantDuty duty;
     std::vector<SeriesChoice> choices;
     std::vector<ParkEntry> mainPark, fittingsPark;
-    std::map<std::pair<std::string, int>, std::vector<SeriesArticle>> series;
+    std::map<std::pair<std::string, int>, SeriesRows> series;
 };
 
 // The park entry of a taken article.
