@@ -75,5 +75,7 @@ int CmdAnnual(const Options& o);
 int CmdCatalogues(const Options& o);
 int CmdCatalogue(const Options& o);
 int CmdMatchcode(const Options& o);
+// Rates the series of a component kind at the calculated plant.
+int CmdSelect(const Options& o);
 
 }  // namespace kvcli

@@ -48,6 +48,8 @@ Commands:
   catalogues                   the installed catalogues: base, title, kind
   catalogue BASE --group CODE  the series of a catalogue's group with their articles
   matchcode                    rebuilds the catalogue index files (progress on standard error)
+  select PROJECT.prj --kind N [--line NAME] [--series BASE:POSITION]
+                               calculates the project and rates the series of a component kind
   help                         this text
 
 Options:
@@ -174,6 +176,7 @@ int main(int argc, char** argv) {
             else if (key == "drive" || key == "principle") o.values[key] = value;
             else if (key == "out" || key == "fluid" || key == "t0" || key == "tc") o.values[key] = value;
             else if (key == "group") o.values[key] = value;
+            else if (key == "kind" || key == "line" || key == "series") o.values[key] = value;
             else if (key == "di" || key == "length" || key == "m" || key == "rho" || key == "eta" || key == "zeta" ||
                      key == "height" || key == "rho-liquid" || key == "rho-vapour" || key == "eta-vapour" ||
                      key == "eta-liquid" || key == "x")
@@ -199,6 +202,7 @@ int main(int argc, char** argv) {
     if (cmd == "catalogues") return CmdCatalogues(o);
     if (cmd == "catalogue") return CmdCatalogue(o);
     if (cmd == "matchcode") return CmdMatchcode(o);
+    if (cmd == "select") return CmdSelect(o);
     std::cerr << "kelvaris-cli: unknown command " << cmd << "\n" << kUsage;
     return 2;
 }

@@ -24,6 +24,7 @@
 #include "shell/text.h"
 #include "shell/captions.h"
 #include "shell/workspace.h"
+#include "ui/selection_dialogs.h"
 
 namespace kvui {
 namespace {
@@ -69,6 +70,17 @@ ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent) : QDial
     connect(load, &QPushButton::clicked, this, &ProjectDataDialog::Load);
     connect(standard, &QPushButton::clicked, this, [this] { kv::SaveAsStandard(ws_); });
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    auto* search = new QPushButton(Q(ws.captions[kv::Cap::CompressorSearchTitle]));
+    search->setObjectName(QStringLiteral("KompSuche"));
+    auto* hx = new QPushButton(Q(ws.captions[kv::Cap::CatKindEvaporators]) + QStringLiteral(" / ") +
+                               Q(ws.captions[kv::Cap::CatKindCondensers]));
+    hx->setObjectName(QStringLiteral("HxSelect"));
+    buttons->insertWidget(4, search);
+    buttons->insertWidget(5, hx);
+    connect(search, &QPushButton::clicked, this, [this] { SearchCompressor(); });
+    connect(hx, &QPushButton::clicked, this, [this] {
+        if (kv::OperatingPointForSearch(ws_, screen_)) HeatExchangerSelectionDialog(ws_, 600, this).exec();
+    });
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(BuildProjectFrame());
@@ -378,6 +390,14 @@ void ProjectDataDialog::ShowMessages(const kv::InputCheck& check) {
     layout->addWidget(list);
     layout->addWidget(buttons);
     box->open();
+}
+
+void ProjectDataDialog::SearchCompressor() {
+    if (!kv::OperatingPointForSearch(ws_, screen_)) return;
+    CompressorSearchDialog search(ws_, this);
+    search.exec();
+    kv::CompressorSearchReturn(ws_, screen_, search.Result());
+    Refresh();
 }
 
 bool ProjectDataDialog::Calculate() {

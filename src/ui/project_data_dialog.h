@@ -31,6 +31,8 @@ public:
     // The calculate button: the input check (boxes, and the error list above
     // four errors), then the plant scheme screen.
     bool Calculate();
+    // The compressor search; its swept volume goes into KompHub.
+    void SearchCompressor();
     // Save, Save as, Load through a file dialog.
     void Save();
     void SaveAs();

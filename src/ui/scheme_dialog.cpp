@@ -18,6 +18,7 @@
 #include "shell/workspace.h"
 #include "lines/pipe_series.h"
 #include "ui/picture_view.h"
+#include "ui/selection_dialogs.h"
 
 namespace kvui {
 namespace {
@@ -143,8 +144,14 @@ QWidget* SchemeDialog::BuildEntries() {
     connect(calc, &QPushButton::clicked, this, [this] { Calculate(); });
     connect(diagram, &QPushButton::clicked, this, &SchemeDialog::diagramRequested);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    auto* select = new QPushButton(Q(ws_.captions[kv::Cap::AccessorySelectionTitle]));
+    select->setObjectName(QStringLiteral("ArmSelek"));
+    connect(select, &QPushButton::clicked, this, [this] {  // components are chosen for a calculated plant
+        if (ws_.project.CalcState == 1 || Calculate()) (new AccessorySelectionDialog(ws_, this))->open();
+    });
     form->addRow(calc);
     form->addRow(diagram);
+    form->addRow(select);
     form->addRow(close);
     return box;
 }
@@ -208,6 +215,7 @@ void SchemeDialog::Refresh() {
     psic_->setText(Q(screen_.pcpsi));
     QStringList notes;
     for (const std::string& n : screen_.notes) notes << Q(n);
+    if (const std::string hx = kv::ChosenHeatExchanger(ws_); !hx.empty()) notes << Q(hx);  // from hx_prj1.dat
     notes_->setText(notes.join(QStringLiteral("\n")));
     for (auto [box, on] : {std::pair{hub_, screen_.Hubconstant}, {keep_, screen_.cConstant}, {eco_, screen_.EcoCheck}}) {
         const QSignalBlocker block(box);
