@@ -15,6 +15,12 @@
 
 namespace kvui {
 
+// Removes the default and auto-default role of every push button of a screen.
+void TakeDefaultButtons(QWidget* screen);
+// Installs, once per application, the rule that our screens' buttons are never
+// pressed by Enter in a field (TakeDefaultButtons when a screen shows).
+void InstallKeyboardRules();
+
 class Bindings {
 public:
     // A line edit over a text field; `afterEdit` runs when the user leaves

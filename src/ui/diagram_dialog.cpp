@@ -13,6 +13,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -22,6 +23,7 @@
 #include "shell/numbers.h"
 #include "shell/workspace.h"
 #include "ui/picture_view.h"
+#include "ui/file_dialogs.h"
 #include "ui/qt_interface.h"
 
 namespace kvui {
@@ -87,9 +89,10 @@ DiagramDialog::DiagramDialog(kv::Workspace& ws, QWidget* parent) : QDialog(paren
     auto* save = new QPushButton(Q(ws_.captions[kv::Cap::SaveAs]));
     auto* close = new QPushButton(Q(ws_.captions[kv::Cap::Close]));
     connect(print, &QPushButton::clicked, this, &DiagramDialog::Print);
+    connect(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, this, &DiagramDialog::Print);
+    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, save, &QPushButton::click);
     connect(save, &QPushButton::clicked, this, [this] {
-        const QString file = QFileDialog::getSaveFileName(this, Q(ws_.captions[kv::Cap::SaveAs]), QString(),
-                                                          QStringLiteral("PDF (*.pdf);;PNG (*.png);;SVG (*.svg)"));
+        const QString file = AskPictureSavePath(ws_, this, Q(ws_.captions[kv::Cap::SaveAs]));
         if (!file.isEmpty()) SaveAs(file);
     });
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
@@ -151,7 +154,12 @@ void DiagramDialog::ReadOut(double x, double y, bool show) {
 }
 
 bool DiagramDialog::SaveAs(const QString& path) {
-    return kv::render::WritePicture(view_->Picture(), path, windowTitle());
+    QString error;
+    if (kv::render::WritePicture(view_->Picture(), path, windowTitle(), &error)) return true;
+    // A failed save says so, with the file and the reason.
+    ws_.ui.Message(ws_.Title(), "The picture was not saved: " + path.toStdString() + ws_.lineEnd + error.toStdString(),
+                   kv::MessageIcon::Error);
+    return false;
 }
 
 void DiagramDialog::Print() {

@@ -13,6 +13,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QThread>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -20,11 +21,13 @@
 #include "catalogue/matchcode.h"
 #include "project/project_file.h"
 #include "project/project_io.h"
+#include "project/project_paths.h"
 #include "shell/captions.h"
 #include "shell/numbers.h"
 #include "shell/settings.h"
 #include "shell/startup.h"
 #include "shell/workspace.h"
+#include "ui/bindings.h"
 #include "ui/catalogue_dialogs.h"
 #include "ui/defaults_dialog.h"
 #include "ui/diagram_dialog.h"
@@ -32,6 +35,7 @@
 #include "ui/project_data_dialog.h"
 #include "ui/scheme_dialog.h"
 #include "ui/tables_dialogs.h"
+#include "ui/file_dialogs.h"
 #include "ui/qt_interface.h"
 #include "ui/welcome_dialog.h"
 
@@ -153,6 +157,14 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     connect(info_, &QPushButton::clicked, this, &MainWindow::ShowInformation);
     connect(printSetup_, &QPushButton::clicked, this, &MainWindow::PrintSetup);
     connect(end_, &QPushButton::clicked, this, &MainWindow::EndRun);
+    // The standard keys of a desktop program.
+    const std::pair<QKeySequence, QPushButton*> keys[] = {
+        {QKeySequence::New, newProject_}, {QKeySequence::Open, load_}, {QKeySequence::Save, save_},
+        {QKeySequence(QStringLiteral("Ctrl+Shift+S")), saveAs_}, {QKeySequence::Print, printSetup_},
+        {QKeySequence(Qt::Key_F1), help_}};
+    for (const auto& [key, button] : keys)
+        connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
+    InstallKeyboardRules();
 
     // The window takes the screen's working area, leaving out the task bar.
     if (QScreen* s = QGuiApplication::primaryScreen()) {
@@ -258,42 +270,22 @@ void MainWindow::NewProjectAction() {
 }
 
 void MainWindow::LoadProjectAction() {
-    kv::Project& p = ws_.project;
-    const QString file = QFileDialog::getOpenFileName(this, Q(ws_.captions[kv::Cap::MenuLoadProject]),
-                                                      Q(p.ProjektVerz), QStringLiteral("*.prj *.PRJ"));
-    if (file.isEmpty()) return;
-    const std::filesystem::path path(file.toStdString());
-    std::string type = p.AnlagenTyp;
-    if (kv::LoadProjectAndTell(ws_, type, path.string(), path.parent_path().string() + "/").loaded) {
-        p.AnlagenTyp = type;
-        p.ProjektDatei = path.filename().string();
-        p.ProjektVerz = path.parent_path().string();
-    }
+    const QString file = AskProjectOpenPath(ws_, this, Q(ws_.captions[kv::Cap::MenuLoadProject]));
+    if (!file.isEmpty()) kv::OpenProjectFromPath(ws_, file.toStdString());
 }
 
 void MainWindow::SaveProjectAction() {
-    // A known file name saves at once, into the data directory; else "Save as".
-    if (kv::Trim(ws_.project.ProjektDatei).empty()) {
-        SaveProjectAsAction();
-        return;
-    }
-    kv::SaveProjectAndTell(ws_, ws_.project.AnlagenTyp, "");
+    // A known file name saves at once, to the file that was opened; else "Save as".
+    if (!kv::SaveToOpenFile(ws_)) SaveProjectAsAction();
 }
 
 void MainWindow::SaveProjectAsAction() {
-    kv::Project& p = ws_.project;
-    const QString file = QFileDialog::getSaveFileName(this, Q(ws_.captions[kv::Cap::MenuSaveProjectAs]),
-                                                      Q(p.ProjektVerz), QStringLiteral("*.prj"));
-    if (file.isEmpty()) return;
-    const std::filesystem::path path(file.toStdString());
-    p.ProjektDatei = path.filename().string();
-    p.ProjektVerz = path.parent_path().string();
-    kv::SaveProjectAndTell(ws_, p.AnlagenTyp, p.ProjektVerz + "/");
+    const QString file = AskProjectSavePath(ws_, this, Q(ws_.captions[kv::Cap::MenuSaveProjectAs]));
+    if (!file.isEmpty()) kv::SaveProjectToPath(ws_, file.toStdString());
 }
 
 void MainWindow::DeleteProjectAction() {
-    const QString file = QFileDialog::getOpenFileName(this, Q(ws_.captions[kv::Cap::MenuDeleteProject]),
-                                                      Q(ws_.project.ProjektVerz), QStringLiteral("*.prj *.PRJ"));
+    const QString file = AskProjectOpenPath(ws_, this, Q(ws_.captions[kv::Cap::MenuDeleteProject]));
     if (file.isEmpty()) return;
     if (!ws_.ui.AskYesNo(ws_.Title(), ws_.captions.Message(6) + ws_.lineEnd + file.toStdString())) return;
     if (kv::DeleteProject(ws_, file.toStdString())) ws_.ui.Message(ws_.Title(), ws_.captions.Message(7));
@@ -320,11 +312,7 @@ void MainWindow::ActOnStatusWord() {
     switch (kv::StartActionFor(ws_.statusWord)) {
         case kv::StartAction::ProjectDataScreen: OpenProjectData(); break;
         case kv::StartAction::LoadProjectAndDataScreen: {
-            kv::Project& p = ws_.project;
-            std::string type = p.AnlagenTyp;
-            std::string dir = p.ProjektVerz;
-            if (!dir.empty() && dir.back() != '/') dir += '/';
-            if (kv::LoadProjectAndTell(ws_, type, dir + p.ProjektDatei, dir).loaded) p.AnlagenTyp = type;
+            kv::OpenProjectFromPath(ws_, kv::OpenProjectPath(ws_));
             OpenProjectData();
             break;
         }

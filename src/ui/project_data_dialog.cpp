@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -19,11 +20,13 @@
 
 #include "project/project_file.h"
 #include "project/project_io.h"
+#include "project/project_paths.h"
 #include "refrigerant/registry.h"
 #include "shell/numbers.h"
 #include "shell/text.h"
 #include "shell/captions.h"
 #include "shell/workspace.h"
+#include "ui/file_dialogs.h"
 
 namespace kvui {
 namespace {
@@ -69,6 +72,12 @@ ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent) : QDial
     connect(load, &QPushButton::clicked, this, &ProjectDataDialog::Load);
     connect(standard, &QPushButton::clicked, this, [this] { kv::SaveAsStandard(ws_); });
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
+    // The standard keys: F5 calculates, Ctrl+S saves, Ctrl+Shift+S saves as, Ctrl+O loads.
+    connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, [this] { Calculate(); });
+    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this, &ProjectDataDialog::Save);
+    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+S")), this), &QShortcut::activated, this,
+            &ProjectDataDialog::SaveAs);
+    connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, &ProjectDataDialog::Load);
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(BuildProjectFrame());
@@ -185,7 +194,9 @@ QWidget* ProjectDataDialog::BuildPlantFrame() {
         kv::ChooseDefrost(ws_, screen_, ws_.project.AbtauCombo);
         Refresh();
     }, false, "Abtau_Combo"));
-    form->addRow(Label(ws_, kv::Cap::PipeSeries), bind_.Box(s.RLcombo, s.rlList, {}, false, "RLcombo"));
+    form->addRow(Label(ws_, kv::Cap::PipeSeries), bind_.Box(s.RLcombo, s.rlList, [this] {
+        if (!filling_) kv::ChoosePipeSeries(ws_, screen_.RLcombo);
+    }, false, "RLcombo"));
     form->addRow(Label(ws_, kv::Cap::EvapVolume, "dm\u00b3"), bind_.Text(p.VerdVol, {}, "VerdVol"));
     form->addRow(Label(ws_, kv::Cap::CondVolume, "dm\u00b3"), bind_.Text(p.KondVol, {}, "KondVol"));
     form->addRow(Label(ws_, kv::Cap::IntermediatePressure, "bar"), bind_.Text(p.P_mittel, {}, "P_mittel"));
@@ -342,6 +353,7 @@ void ProjectDataDialog::UpdateLight() {
 
 void ProjectDataDialog::Refresh() {
     filling_ = true;
+    kv::SyncPipeSeries(ws_, screen_.RLcombo, screen_.rlList);
     bind_.Refresh();
     FillGrids();
     const kv::Project& p = ws_.project;
@@ -392,33 +404,18 @@ bool ProjectDataDialog::Calculate() {
 }
 
 void ProjectDataDialog::Save() {
-    if (!kv::SaveUnderKnownName(ws_)) SaveAs();
+    if (!kv::SaveToOpenFile(ws_)) SaveAs();
 }
 
 void ProjectDataDialog::SaveAs() {
-    kv::Project& p = ws_.project;
-    const QString file = QFileDialog::getSaveFileName(this, Q(ws_.captions[kv::Cap::SaveAs]),
-                                                      Q(p.ProjektVerz), QStringLiteral("*.prj"));
-    if (file.isEmpty()) return;
-    const std::filesystem::path path(file.toStdString());
-    p.ProjektDatei = path.filename().string();
-    p.ProjektVerz = path.parent_path().string();
-    Save();
+    const QString file = AskProjectSavePath(ws_, this, Q(ws_.captions[kv::Cap::SaveAs]));
+    if (!file.isEmpty()) kv::SaveProjectToPath(ws_, file.toStdString());
 }
 
 void ProjectDataDialog::Load() {
-    kv::Project& p = ws_.project;
-    const QString file = QFileDialog::getOpenFileName(this, Q(ws_.captions[kv::Cap::Load]), Q(p.ProjektVerz),
-                                                      QStringLiteral("*.prj *.PRJ"));
+    const QString file = AskProjectOpenPath(ws_, this, Q(ws_.captions[kv::Cap::Load]));
     if (file.isEmpty()) return;
-    const std::filesystem::path path(file.toStdString());
-    std::string type = p.AnlagenTyp;
-    const std::string dir = path.parent_path().string() + "/";
-    if (kv::LoadProjectAndTell(ws_, type, path.string(), dir).loaded) {
-        p.AnlagenTyp = type;
-        p.ProjektDatei = path.filename().string();
-        p.ProjektVerz = path.parent_path().string();
-    }
+    kv::OpenProjectFromPath(ws_, file.toStdString());
     kv::OpenDataScreen(ws_, screen_);
     Refresh();
 }

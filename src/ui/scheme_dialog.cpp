@@ -1,6 +1,7 @@
 #include "ui/scheme_dialog.h"
 
 #include <QCheckBox>
+#include <QShortcut>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -135,12 +136,12 @@ QWidget* SchemeDialog::BuildEntries() {
 
     auto* calc = new QPushButton(Q(ws_.captions[kv::Cap::BtnCalculate]));
     calc->setObjectName(QStringLiteral("rechbutt"));
-    calc->setDefault(true);
     auto* diagram = new QPushButton(Q(ws_.captions[kv::Cap::HLogPTitle]));
     diagram->setObjectName(QStringLiteral("Diagram"));
     auto* close = new QPushButton(Q(ws_.captions[kv::Cap::Close]));
     close->setObjectName(QStringLiteral("Abbrechen"));
     connect(calc, &QPushButton::clicked, this, [this] { Calculate(); });
+    connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, [this] { Calculate(); });
     connect(diagram, &QPushButton::clicked, this, &SchemeDialog::diagramRequested);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     form->addRow(calc);

@@ -127,6 +127,7 @@ TEST_F(MainWindowTest, AFailedSaveIsShownAndTheFileStays) {
     kv::Project& p = ws.project;
     p.ProjektNam = "Hall 3";
     p.ProjektDatei = "Hall3.prj";
+    p.ProjektVerz = ws.DataDir().string();  // the file that was opened
     p.AnlagenTyp = "HeatP";
     window.SaveProjectAction();
     const std::string saved = kv::ReadWholeFile(ws.DataDir() / "Hall3.prj");
