@@ -1,4 +1,5 @@
 #include "ui/defaults_dialog.h"
+#include "ui/screen_fit.h"
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
@@ -46,10 +47,12 @@ DefaultsDialog::DefaultsDialog(kv::Workspace& ws, QWidget* parent)
         if (Apply()) accept();
     });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* body = new QWidget;
+    body->setLayout(form);
     auto* layout = new QVBoxLayout(this);
-    layout->addLayout(form);
+    layout->addWidget(Scrolled(body), 1);
     layout->addWidget(buttons);
-    resize(640, 640);
+    FitToScreen(ws_, this, QSize(640, 640));
 }
 
 bool DefaultsDialog::Apply() { return kv::ApplyDefaults(ws_, screen_); }

@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QSplitter>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -23,6 +24,7 @@
 #include "shell/numbers.h"
 #include "shell/workspace.h"
 #include "ui/picture_view.h"
+#include "ui/screen_fit.h"
 #include "ui/file_dialogs.h"
 #include "ui/qt_interface.h"
 
@@ -36,7 +38,7 @@ DiagramDialog::DiagramDialog(kv::Workspace& ws, QWidget* parent) : QDialog(paren
 
     view_ = new PictureView;
     view_->setObjectName(QStringLiteral("Diagram"));
-    view_->setMinimumSize(640, 520);
+    view_->setMinimumSize(400, 300);
     connect(view_, &PictureView::pressedAt, this, [this](double x, double y) { ReadOut(x, y, true); });
     connect(view_, &PictureView::released, this, [this] { ReadOut(0, 0, false); });
 
@@ -51,8 +53,6 @@ DiagramDialog::DiagramDialog(kv::Workspace& ws, QWidget* parent) : QDialog(paren
     readout_->hide();
 
     auto* trims = new QGroupBox;
-    trims->setMinimumWidth(470);
-    trims->setMaximumWidth(520);
     auto* form = new QFormLayout(trims);
     const kv::Cap words[kv::kTrimCount] = {kv::Cap::EvapTemp,       kv::Cap::CondTemp,  kv::Cap::SuperheatEvap,
                                            kv::Cap::SuperheatSuctionLine, kv::Cap::SubcoolingBase,
@@ -100,10 +100,15 @@ DiagramDialog::DiagramDialog(kv::Workspace& ws, QWidget* parent) : QDialog(paren
     form->addRow(save);
     form->addRow(close);
 
+    // The diagram and the trims share the window through a splitter.
+    auto* split = new QSplitter(Qt::Horizontal);
+    split->addWidget(view_);
+    split->addWidget(Scrolled(trims));
+    split->setStretchFactor(0, 1);
+    split->setChildrenCollapsible(false);
     auto* layout = new QHBoxLayout(this);
-    layout->addWidget(view_, 1);
-    layout->addWidget(trims);
-    resize(1180, 720);
+    layout->addWidget(split);
+    FitToScreen(ws_, this, QSize(1180, 720), split);
     Redraw();
 }
 

@@ -1,4 +1,5 @@
 #include "ui/help_dialog.h"
+#include "ui/screen_fit.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -14,7 +15,7 @@ namespace kvui {
 HelpDialog::HelpDialog(const kv::Workspace& ws, const QString& topic, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("Help"));
     setWindowTitle(Q(ws.Title()));
-    resize(760, 480);
+    FitToScreen(ws, this, QSize(760, 480));
     auto* list = new QListWidget;
     auto* text = new QTextBrowser;
     list->setMaximumWidth(220);

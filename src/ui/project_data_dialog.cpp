@@ -27,6 +27,7 @@
 #include "shell/captions.h"
 #include "shell/workspace.h"
 #include "ui/file_dialogs.h"
+#include "ui/screen_fit.h"
 
 namespace kvui {
 namespace {
@@ -79,12 +80,17 @@ ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent) : QDial
             &ProjectDataDialog::SaveAs);
     connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, &ProjectDataDialog::Load);
 
+    // The form scrolls where the screen is too small; the buttons stay in view.
+    auto* body = new QWidget;
+    auto* form = new QVBoxLayout(body);
+    form->setContentsMargins(0, 0, 0, 0);
+    form->addWidget(BuildProjectFrame());
+    form->addLayout(top);
+    form->addWidget(BuildGrids(), 1);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(BuildProjectFrame());
-    layout->addLayout(top);
-    layout->addWidget(BuildGrids(), 1);
+    layout->addWidget(Scrolled(body), 1);
     layout->addLayout(buttons);
-    resize(1360, 1000);
+    FitToScreen(ws_, this, QSize(1360, 1000));
     Refresh();
 }
 

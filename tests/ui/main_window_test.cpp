@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -150,7 +152,14 @@ TEST_F(MainWindowTest, AFailedSaveIsShownAndTheFileStays) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The screens are shown on a 1366 x 768 laptop screen at 100 %.
+    const QString screen = QDir::temp().filePath(QStringLiteral("kelvaris_ui_screen.json"));
+    QFile config(screen);
+    if (config.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        config.write(R"({"screens": [{"name": "laptop", "x": 0, "y": 0, "width": 1366, "height": 768,
+                         "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    config.close();
+    qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + screen).toLocal8Bit());
     QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
