@@ -43,7 +43,8 @@ constexpr int kGeometrCols = 8;
 
 }  // namespace
 
-ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) {
+ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent)
+    : QDialog(parent), ws_(ws), before_(ws.project) {
     setObjectName(QStringLiteral("Projektdaten"));
     setWindowTitle(Q(ws.captions[kv::Cap::ProjectDataTitle]) + QStringLiteral(" - ") + Q(ws.Title()));
     kv::OpenDataScreen(ws_, screen_);
@@ -63,10 +64,14 @@ ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent) : QDial
     auto* standard = new QPushButton(Q(ws.captions[kv::Cap::BtnSaveAsStandard]));
     auto* ok = new QPushButton(Q(ws.captions[kv::Cap::Ok]));
     ok->setObjectName(QStringLiteral("OK"));
+    auto* cancel = new QPushButton(Q(ws.captions[kv::Cap::Cancel]));
+    cancel->setObjectName(QStringLiteral("Cancel"));
+    connect(cancel, &QPushButton::clicked, this, &ProjectDataDialog::reject);
     for (QPushButton* b : {save, saveAs, load, standard}) buttons->addWidget(b);
     buttons->addStretch(1);
     buttons->addWidget(calculate_);
     buttons->addWidget(ok);
+    buttons->addWidget(cancel);
     connect(calculate_, &QPushButton::clicked, this, [this] { Calculate(); });
     connect(save, &QPushButton::clicked, this, &ProjectDataDialog::Save);
     connect(saveAs, &QPushButton::clicked, this, &ProjectDataDialog::SaveAs);
@@ -410,18 +415,25 @@ bool ProjectDataDialog::Calculate() {
 }
 
 void ProjectDataDialog::Save() {
-    if (!kv::SaveToOpenFile(ws_)) SaveAs();
+    if (const auto saved = kv::SaveToOpenFile(ws_); !saved) SaveAs();
+    else if (*saved == kv::SaveResult::Saved) before_ = ws_.project;
 }
 
 void ProjectDataDialog::SaveAs() {
     const QString file = AskProjectSavePath(ws_, this, Q(ws_.captions[kv::Cap::SaveAs]));
-    if (!file.isEmpty()) kv::SaveProjectToPath(ws_, file.toStdString());
+    if (!file.isEmpty() && kv::SaveProjectToPath(ws_, file.toStdString()) == kv::SaveResult::Saved)
+        before_ = ws_.project;
+}
+
+void ProjectDataDialog::reject() {
+    ws_.project = before_;
+    QDialog::reject();
 }
 
 void ProjectDataDialog::Load() {
     const QString file = AskProjectOpenPath(ws_, this, Q(ws_.captions[kv::Cap::Load]));
     if (file.isEmpty()) return;
-    kv::OpenProjectFromPath(ws_, file.toStdString());
+    if (kv::OpenProjectFromPath(ws_, file.toStdString())) before_ = ws_.project;
     kv::OpenDataScreen(ws_, screen_);
     Refresh();
 }

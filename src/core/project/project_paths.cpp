@@ -6,6 +6,7 @@
 
 #include "lines/pipe_series.h"
 #include "project/project_io.h"
+#include "project/recent_projects.h"
 #include "shell/numbers.h"
 #include "shell/text.h"
 #include "shell/workspace.h"
@@ -56,6 +57,7 @@ bool OpenProjectFromPath(Workspace& ws, const std::string& path) {
     p.AnlagenTyp = type;
     p.ProjektDatei = file.filename().string();
     p.ProjektVerz = file.parent_path().string();
+    RememberProject(ws, file.string());
     return true;
 }
 
@@ -66,14 +68,20 @@ std::string OpenProjectPath(const Workspace& ws) {
     return FolderWithSlash(p.ProjektVerz) + name;
 }
 
-std::optional<SaveResult> SaveToOpenFile(Workspace& ws) { return SaveUnderKnownName(ws); }
+std::optional<SaveResult> SaveToOpenFile(Workspace& ws) {
+    const std::optional<SaveResult> result = SaveUnderKnownName(ws);
+    if (result == SaveResult::Saved) RememberProject(ws, OpenProjectPath(ws));
+    return result;
+}
 
 SaveResult SaveProjectToPath(Workspace& ws, const std::string& path) {
     Project& p = ws.project;
     const fs::path file(WithProjectExtension(path));
     p.ProjektDatei = file.filename().string();
     p.ProjektVerz = file.parent_path().string();
-    return SaveProjectAndTell(ws, p.AnlagenTyp, FolderWithSlash(p.ProjektVerz));
+    const SaveResult result = SaveProjectAndTell(ws, p.AnlagenTyp, FolderWithSlash(p.ProjektVerz));
+    if (result == SaveResult::Saved) RememberProject(ws, OpenProjectPath(ws));
+    return result;
 }
 
 std::string ProjectFolder(const Workspace& ws) {
