@@ -83,7 +83,30 @@ QComboBox* Bindings::Box(std::string& field, const std::vector<std::string>& ent
     return box;
 }
 
+QComboBox* Bindings::Choice(std::string& field, const std::vector<std::pair<std::string, std::string>>& entries,
+                            const char* objectName) {
+    auto* box = new QComboBox;
+    if (objectName) box->setObjectName(QLatin1String(objectName));
+    for (const auto& [code, words] : entries) box->addItem(Q(words), Q(code));
+    std::string* f = &field;
+    QObject::connect(box, &QComboBox::currentIndexChanged, box, [box, f](int i) {
+        if (i >= 0) *f = box->itemData(i).toString().toStdString();
+    });
+    choices_.push_back({box, f});
+    return box;
+}
+
 void Bindings::Refresh() {
+    for (const BoxBinding& b : choices_) {
+        const QSignalBlocker block(b.box);
+        const QString code = Q(*b.field).trimmed();
+        int i = b.box->findData(code);
+        if (i < 0 && !code.isEmpty()) {
+            b.box->addItem(code, code);  // a code the list does not know stays visible
+            i = b.box->count() - 1;
+        }
+        b.box->setCurrentIndex(i);
+    }
     for (const TextBinding& b : texts_) {
         const QString t = Q(*b.field);
         if (b.edit->text() != t) {

@@ -15,6 +15,7 @@
 #include "shell/numbers.h"
 #include "shell/startup.h"
 #include "ui/bindings.h"
+#include "ui/defaults_dialog.h"
 #include "ui/main_window.h"
 #include "ui/project_data_dialog.h"
 #include "ui/qt_interface.h"
@@ -94,6 +95,20 @@ TEST_F(Keyboard, BoxesShowWhatTheProjectHolds) {
     EXPECT_EQ(box->currentText(), QStringLiteral("HFO1234YF"));
     EXPECT_EQ(fluid, "HFO1234YF");
     delete box;
+
+    // The defaults screen shows words and examples, and keeps the codes.
+    {
+        kvui::DefaultsDialog defaults(ws);
+        auto* decimal = defaults.findChild<QComboBox*>(QStringLiteral("DezimalModus"));
+        ASSERT_NE(decimal, nullptr);
+        EXPECT_EQ(decimal->count(), 2);
+        EXPECT_TRUE(decimal->currentText().contains(QStringLiteral("1,5")));
+        auto* language = defaults.findChild<QComboBox*>(QStringLiteral("Sprache"));
+        EXPECT_TRUE(language->currentText().endsWith(QStringLiteral("(ENG)")));
+        decimal->setCurrentIndex(1);
+        EXPECT_EQ(defaults.findChild<QComboBox*>(QStringLiteral("DezimalModus"))->currentData().toString(),
+                  QStringLiteral("1"));
+    }
 
     // A series chosen elsewhere (the scheme) is what the data screen shows and keeps.
     kvui::MainWindow window(ws);
