@@ -189,6 +189,7 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     for (const auto& [key, button] : keys)
         connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
     InstallKeyboardRules();
+    InstallFigureRule();
 
     // The window takes the screen's working area, leaving out the task bar.
     if (QScreen* s = QGuiApplication::primaryScreen()) {

@@ -1,12 +1,19 @@
 #include "ui/qt_words.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QCoreApplication>
+#include <QEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QLibraryInfo>
 #include <QTranslator>
 
 #include <string_view>
 #include <utility>
 
+#include "shell/bidi_text.h"
 #include "shell/captions.h"
 #include "shell/workspace.h"
 #include "ui/qt_interface.h"
@@ -49,7 +56,41 @@ private:
     QString yes_, no_, ok_, cancel_;
 };
 
+class FigureRule : public QObject {
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if ((event->type() != QEvent::Paint && event->type() != QEvent::Show) ||
+            QGuiApplication::layoutDirection() != Qt::RightToLeft)
+            return false;
+        auto isolate = [](const QString& t) { return Q(kv::IsolateFigures(t.toStdString())); };
+        if (auto* label = qobject_cast<QLabel*>(watched)) {
+            if (label->textFormat() != Qt::RichText && !label->text().isEmpty()) {
+                const QString t = isolate(label->text());
+                if (t != label->text()) label->setText(t);
+            }
+        } else if (auto* button = qobject_cast<QAbstractButton*>(watched)) {
+            const QString t = isolate(button->text());
+            if (t != button->text()) button->setText(t);
+        } else if (auto* group = qobject_cast<QGroupBox*>(watched)) {
+            const QString t = isolate(group->title());
+            if (t != group->title()) group->setTitle(t);
+        } else if (auto* field = qobject_cast<QLineEdit*>(watched)) {
+            // A typed "-10" must not show as "10-"; the field keeps its place.
+            if (field->layoutDirection() != Qt::LeftToRight) field->setLayoutDirection(Qt::LeftToRight);
+        }
+        return false;
+    }
+};
+
 }  // namespace
+
+void InstallFigureRule() {
+    if (!qApp || qApp->findChild<FigureRule*>(QStringLiteral("FigureRule"), Qt::FindDirectChildrenOnly)) return;
+    auto* rule = new FigureRule(qApp);
+    rule->setObjectName(QStringLiteral("FigureRule"));
+    qApp->installEventFilter(rule);
+}
 
 void TranslateQt(const kv::Workspace& ws) {
     QCoreApplication* app = QCoreApplication::instance();

@@ -11,4 +11,10 @@ namespace kvui {
 // the language before.
 void TranslateQt(const kv::Workspace& ws);
 
+// Installs, once per application, the rule that figures keep their order in
+// right-to-left text: while the layout runs right to left, the figure runs of
+// labels, buttons and group titles become left-to-right isolates before they
+// are painted, and fields of figures are laid out left to right.
+void InstallFigureRule();
+
 }  // namespace kvui
