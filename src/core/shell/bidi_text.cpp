@@ -45,7 +45,9 @@ std::string IsolateFigures(std::string_view text) {
         while (i < text.size() && text[i] != ' ') {
             const char32_t c = NextCodePoint(text, i);
             if (RightToLeftLetter(c)) w.rtl = true;
-            if ((c >= '0' && c <= '9') || c == 0x00B0) w.figure = true;  // a digit or the degree sign
+            // Digits, Latin letters (units, names of fluids) and the degree sign.
+            if ((c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == 0x00B0)
+                w.figure = true;
         }
         w.to = i;
         words.push_back(w);
@@ -57,15 +59,21 @@ std::string IsolateFigures(std::string_view text) {
             ++a;
             continue;
         }
+        // The run from its first to its last word with a figure; signs of
+        // punctuation at its ends (the label's colon) stay with the sentence.
         std::size_t b = a;
-        bool figure = false;
-        while (b < words.size() && !words[b].rtl) figure |= words[b++].figure;
-        if (figure) {
-            out.append(text.substr(done, words[a].from - done));
+        std::size_t first = words.size(), last = 0;
+        for (; b < words.size() && !words[b].rtl; ++b)
+            if (words[b].figure) {
+                if (first == words.size()) first = b;
+                last = b;
+            }
+        if (first != words.size()) {
+            out.append(text.substr(done, words[first].from - done));
             out.append(kLeftToRightIsolate);
-            out.append(text.substr(words[a].from, words[b - 1].to - words[a].from));
+            out.append(text.substr(words[first].from, words[last].to - words[first].from));
             out.append(kPopDirectionalIsolate);
-            done = words[b - 1].to;
+            done = words[last].to;
         }
         a = b;
     }

@@ -1,7 +1,8 @@
 // Figures in right-to-left text: "-10 °C", "1 1/8'" or "95 mbar / 0.28 K"
 // must read as an engineer writes them inside an Arabic sentence, so every
-// run of words without right-to-left letters that holds a figure is set
-// apart as a left-to-right isolate (U+2066 ... U+2069).
+// run of words without right-to-left letters is set apart as a left-to-right
+// isolate (U+2066 ... U+2069), from its first to its last word with a digit,
+// a Latin letter or the degree sign.
 #pragma once
 
 #include <string>
