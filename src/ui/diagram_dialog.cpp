@@ -23,6 +23,7 @@
 #include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/workspace.h"
+#include "ui/help_dialog.h"
 #include "ui/picture_view.h"
 #include "ui/screen_fit.h"
 #include "ui/file_dialogs.h"
@@ -89,8 +90,9 @@ DiagramDialog::DiagramDialog(kv::Workspace& ws, QWidget* parent) : QDialog(paren
     auto* save = new QPushButton(Q(ws_.captions[kv::Cap::SaveAs]));
     auto* close = new QPushButton(Q(ws_.captions[kv::Cap::Close]));
     connect(print, &QPushButton::clicked, this, &DiagramDialog::Print);
-    connect(new QShortcut(QKeySequence::Print, this), &QShortcut::activated, this, &DiagramDialog::Print);
-    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, save, &QPushButton::click);
+    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+P")), this), &QShortcut::activated, this, &DiagramDialog::Print);
+    AddHelpKey(ws_, this, ws_.captions[kv::Cap::HLogPTitle]);
+    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+S")), this), &QShortcut::activated, save, &QPushButton::click);
     connect(save, &QPushButton::clicked, this, [this] {
         const QString file = AskPictureSavePath(ws_, this, Q(ws_.captions[kv::Cap::SaveAs]));
         if (!file.isEmpty()) SaveAs(file);

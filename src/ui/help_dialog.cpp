@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QListWidget>
+#include <QShortcut>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -39,6 +40,15 @@ HelpDialog::HelpDialog(const kv::Workspace& ws, const QString& topic, QWidget* p
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);
+}
+
+void AddHelpKey(const kv::Workspace& ws, QWidget* screen, const std::string& topic) {
+    QObject::connect(new QShortcut(QKeySequence(Qt::Key_F1), screen), &QShortcut::activated, screen,
+                     [&ws, screen, topic] {
+                         auto* help = new HelpDialog(ws, Q(topic), screen);
+                         help->setAttribute(Qt::WA_DeleteOnClose);
+                         help->open();
+                     });
 }
 
 }  // namespace kvui

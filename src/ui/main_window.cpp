@@ -183,8 +183,8 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     connect(end_, &QPushButton::clicked, this, &MainWindow::EndRun);
     // The standard keys of a desktop program.
     const std::pair<QKeySequence, QPushButton*> keys[] = {
-        {QKeySequence::New, newProject_}, {QKeySequence::Open, load_}, {QKeySequence::Save, save_},
-        {QKeySequence(QStringLiteral("Ctrl+Shift+S")), saveAs_}, {QKeySequence::Print, printSetup_},
+        {QKeySequence(QStringLiteral("Ctrl+N")), newProject_}, {QKeySequence(QStringLiteral("Ctrl+O")), load_}, {QKeySequence(QStringLiteral("Ctrl+S")), save_},
+        {QKeySequence(QStringLiteral("Ctrl+Shift+S")), saveAs_}, {QKeySequence(QStringLiteral("Ctrl+P")), printSetup_},
         {QKeySequence(Qt::Key_F1), help_}};
     for (const auto& [key, button] : keys)
         connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);

@@ -27,6 +27,7 @@
 #include "shell/captions.h"
 #include "shell/workspace.h"
 #include "ui/file_dialogs.h"
+#include "ui/help_dialog.h"
 #include "ui/screen_fit.h"
 
 namespace kvui {
@@ -80,10 +81,11 @@ ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent)
     connect(ok, &QPushButton::clicked, this, &QDialog::accept);
     // The standard keys: F5 calculates, Ctrl+S saves, Ctrl+Shift+S saves as, Ctrl+O loads.
     connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, [this] { Calculate(); });
-    connect(new QShortcut(QKeySequence::Save, this), &QShortcut::activated, this, &ProjectDataDialog::Save);
+    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+S")), this), &QShortcut::activated, this, &ProjectDataDialog::Save);
     connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+S")), this), &QShortcut::activated, this,
             &ProjectDataDialog::SaveAs);
-    connect(new QShortcut(QKeySequence::Open, this), &QShortcut::activated, this, &ProjectDataDialog::Load);
+    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+O")), this), &QShortcut::activated, this, &ProjectDataDialog::Load);
+    AddHelpKey(ws_, this, ws_.captions[kv::Cap::ProjectDataTitle]);
 
     // The form scrolls where the screen is too small; the buttons stay in view.
     auto* body = new QWidget;

@@ -19,6 +19,7 @@
 #include "shell/captions.h"
 #include "shell/workspace.h"
 #include "lines/pipe_series.h"
+#include "ui/help_dialog.h"
 #include "ui/picture_view.h"
 #include "ui/screen_fit.h"
 
@@ -154,6 +155,7 @@ QWidget* SchemeDialog::BuildEntries() {
     close->setObjectName(QStringLiteral("Abbrechen"));
     connect(calc, &QPushButton::clicked, this, [this] { Calculate(); });
     connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, [this] { Calculate(); });
+    AddHelpKey(ws_, this, ws_.captions[kv::Cap::SchemeTitle]);
     connect(diagram, &QPushButton::clicked, this, &SchemeDialog::diagramRequested);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     form->addRow(calc);

@@ -7,6 +7,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTest>
 
 #include "lines/pipe_series.h"
@@ -16,6 +17,7 @@
 #include "shell/startup.h"
 #include "ui/bindings.h"
 #include "ui/defaults_dialog.h"
+#include "ui/help_dialog.h"
 #include "ui/main_window.h"
 #include "ui/project_data_dialog.h"
 #include "ui/qt_interface.h"
@@ -67,6 +69,16 @@ TEST_F(Keyboard, EnterConfirmsTheFieldAndPressesNoButton) {
             << w->metaObject()->className();
     EXPECT_TRUE(questions.empty());
     EXPECT_TRUE(data->isVisible());
+
+    // F1 brings the help of the screen at hand, F5 calculates.
+    auto press = [data](Qt::Key key) {
+        for (QShortcut* s : data->findChildren<QShortcut*>())
+            if (s->key() == QKeySequence(key)) emit s->activated();
+    };
+    press(Qt::Key_F1);
+    EXPECT_NE(data->findChild<kvui::HelpDialog*>(), nullptr);
+    press(Qt::Key_F5);
+    EXPECT_NE(data->findChild<kvui::SchemeDialog*>(), nullptr);
 }
 
 TEST_F(Keyboard, ARefrigerantIsCheckedWhenTheTypingEnds) {
