@@ -7,6 +7,8 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPainterPath>
+
+#include "shell/bidi_text.h"
 #include <QPdfWriter>
 #include <QPolygonF>
 #include <QSvgGenerator>
@@ -61,7 +63,9 @@ void PaintText(QPainter& p, const DrawText& t) {
     font.setItalic(t.font.italic);
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setKerning(true);
-    const QString text = QString::fromUtf8(t.text.data(), static_cast<qsizetype>(t.text.size()));
+    // Figures and units keep their order on a right-to-left picture.
+    const std::string isolated = IsolateFigures(t.text);
+    const QString text = QString::fromUtf8(isolated.data(), static_cast<qsizetype>(isolated.size()));
     const QFontMetricsF fm(font);
     const double w = fm.horizontalAdvance(text);
     double x = 0;

@@ -15,6 +15,12 @@
 
 namespace kvui {
 
+// Removes the default and auto-default role of every push button of a screen.
+void TakeDefaultButtons(QWidget* screen);
+// Installs, once per application, the rule that our screens' buttons are never
+// pressed by Enter in a field (TakeDefaultButtons when a screen shows).
+void InstallKeyboardRules();
+
 class Bindings {
 public:
     // A line edit over a text field; `afterEdit` runs when the user leaves
@@ -23,6 +29,10 @@ public:
     // An editable or fixed box over a text field with its entries.
     QComboBox* Box(std::string& field, const std::vector<std::string>& entries, std::function<void()> afterChoice = {},
                    bool editable = false, const char* objectName = nullptr);
+    // A fixed box that shows words for the codes a field holds: each entry is
+    // {code, words}; the field takes the code of the chosen entry.
+    QComboBox* Choice(std::string& field, const std::vector<std::pair<std::string, std::string>>& entries,
+                      const char* objectName = nullptr);
     // Writes every bound field into its widget (without firing the edits).
     void Refresh();
 
@@ -37,6 +47,7 @@ private:
     };
     std::vector<TextBinding> texts_;
     std::vector<BoxBinding> boxes_;
+    std::vector<BoxBinding> choices_;
 };
 
 }  // namespace kvui

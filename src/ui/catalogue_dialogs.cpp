@@ -1,4 +1,5 @@
 #include "ui/catalogue_dialogs.h"
+#include "ui/screen_fit.h"
 
 #include <QComboBox>
 #include <QFormLayout>
@@ -109,7 +110,7 @@ CatalogueEditorDialog::CatalogueEditorDialog(kv::Workspace& ws, QWidget* parent)
     layout->addLayout(head);
     layout->addWidget(grid_, 1);
     layout->addLayout(actions);
-    resize(1100, 700);
+    FitToScreen(ws_, this, QSize(1100, 700));
 
     kv::OpenCatalogueEditor(ws_, editor_);
     FillAll();
@@ -256,7 +257,7 @@ CatalogueManagerDialog::CatalogueManagerDialog(kv::Workspace& ws, QWidget* paren
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(installed_, 1);
     layout->addLayout(add);
-    resize(800, 480);
+    FitToScreen(ws_, this, QSize(800, 480));
     Fill();
 }
 

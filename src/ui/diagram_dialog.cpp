@@ -13,6 +13,8 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QShortcut>
+#include <QSplitter>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
@@ -21,7 +23,10 @@
 #include "shell/number_checks.h"
 #include "shell/numbers.h"
 #include "shell/workspace.h"
+#include "ui/help_dialog.h"
 #include "ui/picture_view.h"
+#include "ui/screen_fit.h"
+#include "ui/file_dialogs.h"
 #include "ui/qt_interface.h"
 
 namespace kvui {
@@ -34,7 +39,7 @@ DiagramDialog::DiagramDialog(kv::Workspace& ws, QWidget* parent) : QDialog(paren
 
     view_ = new PictureView;
     view_->setObjectName(QStringLiteral("Diagram"));
-    view_->setMinimumSize(640, 520);
+    view_->setMinimumSize(400, 300);
     connect(view_, &PictureView::pressedAt, this, [this](double x, double y) { ReadOut(x, y, true); });
     connect(view_, &PictureView::released, this, [this] { ReadOut(0, 0, false); });
 
@@ -49,8 +54,6 @@ DiagramDialog::DiagramDialog(kv::Workspace& ws, QWidget* parent) : QDialog(paren
     readout_->hide();
 
     auto* trims = new QGroupBox;
-    trims->setMinimumWidth(470);
-    trims->setMaximumWidth(520);
     auto* form = new QFormLayout(trims);
     const kv::Cap words[kv::kTrimCount] = {kv::Cap::EvapTemp,       kv::Cap::CondTemp,  kv::Cap::SuperheatEvap,
                                            kv::Cap::SuperheatSuctionLine, kv::Cap::SubcoolingBase,
@@ -87,9 +90,11 @@ DiagramDialog::DiagramDialog(kv::Workspace& ws, QWidget* parent) : QDialog(paren
     auto* save = new QPushButton(Q(ws_.captions[kv::Cap::SaveAs]));
     auto* close = new QPushButton(Q(ws_.captions[kv::Cap::Close]));
     connect(print, &QPushButton::clicked, this, &DiagramDialog::Print);
+    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+P")), this), &QShortcut::activated, this, &DiagramDialog::Print);
+    AddHelpKey(ws_, this, ws_.captions[kv::Cap::HLogPTitle]);
+    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+S")), this), &QShortcut::activated, save, &QPushButton::click);
     connect(save, &QPushButton::clicked, this, [this] {
-        const QString file = QFileDialog::getSaveFileName(this, Q(ws_.captions[kv::Cap::SaveAs]), QString(),
-                                                          QStringLiteral("PDF (*.pdf);;PNG (*.png);;SVG (*.svg)"));
+        const QString file = AskPictureSavePath(ws_, this, Q(ws_.captions[kv::Cap::SaveAs]));
         if (!file.isEmpty()) SaveAs(file);
     });
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
@@ -97,10 +102,15 @@ DiagramDialog::DiagramDialog(kv::Workspace& ws, QWidget* parent) : QDialog(paren
     form->addRow(save);
     form->addRow(close);
 
+    // The diagram and the trims share the window through a splitter.
+    auto* split = new QSplitter(Qt::Horizontal);
+    split->addWidget(view_);
+    split->addWidget(Scrolled(trims));
+    split->setStretchFactor(0, 1);
+    split->setChildrenCollapsible(false);
     auto* layout = new QHBoxLayout(this);
-    layout->addWidget(view_, 1);
-    layout->addWidget(trims);
-    resize(1180, 720);
+    layout->addWidget(split);
+    FitToScreen(ws_, this, QSize(1180, 720), split);
     Redraw();
 }
 
@@ -151,7 +161,12 @@ void DiagramDialog::ReadOut(double x, double y, bool show) {
 }
 
 bool DiagramDialog::SaveAs(const QString& path) {
-    return kv::render::WritePicture(view_->Picture(), path, windowTitle());
+    QString error;
+    if (kv::render::WritePicture(view_->Picture(), path, windowTitle(), &error)) return true;
+    // A failed save says so, with the file and the reason.
+    ws_.ui.Message(ws_.Title(), "The picture was not saved: " + path.toStdString() + ws_.lineEnd + error.toStdString(),
+                   kv::MessageIcon::Error);
+    return false;
 }
 
 void DiagramDialog::Print() {

@@ -1,8 +1,10 @@
 #include "ui/help_dialog.h"
+#include "ui/screen_fit.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
 #include <QListWidget>
+#include <QShortcut>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -14,7 +16,7 @@ namespace kvui {
 HelpDialog::HelpDialog(const kv::Workspace& ws, const QString& topic, QWidget* parent) : QDialog(parent) {
     setObjectName(QStringLiteral("Help"));
     setWindowTitle(Q(ws.Title()));
-    resize(760, 480);
+    FitToScreen(ws, this, QSize(760, 480));
     auto* list = new QListWidget;
     auto* text = new QTextBrowser;
     list->setMaximumWidth(220);
@@ -38,6 +40,15 @@ HelpDialog::HelpDialog(const kv::Workspace& ws, const QString& topic, QWidget* p
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);
+}
+
+void AddHelpKey(const kv::Workspace& ws, QWidget* screen, const std::string& topic) {
+    QObject::connect(new QShortcut(QKeySequence(Qt::Key_F1), screen), &QShortcut::activated, screen,
+                     [&ws, screen, topic] {
+                         auto* help = new HelpDialog(ws, Q(topic), screen);
+                         help->setAttribute(Qt::WA_DeleteOnClose);
+                         help->open();
+                     });
 }
 
 }  // namespace kvui

@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+#include <string>
+
 namespace kv { struct Workspace; }
 
 namespace kvui {
@@ -12,5 +14,8 @@ class HelpDialog : public QDialog {
 public:
     HelpDialog(const kv::Workspace& ws, const QString& topic, QWidget* parent = nullptr);
 };
+
+// F1 on `screen` opens the help at `topic`, the screen's own word.
+void AddHelpKey(const kv::Workspace& ws, QWidget* screen, const std::string& topic);
 
 }  // namespace kvui

@@ -9,10 +9,13 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QListWidget>
+#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QThread>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -20,11 +23,15 @@
 #include "catalogue/matchcode.h"
 #include "project/project_file.h"
 #include "project/project_io.h"
+#include "project/project_paths.h"
+#include "project/project_state.h"
+#include "project/recent_projects.h"
 #include "shell/captions.h"
 #include "shell/numbers.h"
 #include "shell/settings.h"
 #include "shell/startup.h"
 #include "shell/workspace.h"
+#include "ui/bindings.h"
 #include "ui/catalogue_dialogs.h"
 #include "ui/defaults_dialog.h"
 #include "ui/diagram_dialog.h"
@@ -32,7 +39,9 @@
 #include "ui/project_data_dialog.h"
 #include "ui/scheme_dialog.h"
 #include "ui/tables_dialogs.h"
+#include "ui/file_dialogs.h"
 #include "ui/qt_interface.h"
+#include "ui/qt_words.h"
 #include "ui/welcome_dialog.h"
 
 namespace kvui {
@@ -105,7 +114,17 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
         QPushButton* b = MenuButton(name);
         programs->addWidget(b);
         programs_.push_back({b, static_cast<int>(program)});
-        connect(b, &QPushButton::clicked, this, [this, program] {
+        connect(b, &QPushButton::clicked, this, [this, b, program] {
+            // A program that is not installed is explained once; its button then rests.
+            if (kv::FindExternalProgram(ws_, program).empty()) {
+                QString text = Q(ws_.captions[kv::Cap::ProgramNotInstalled]);
+                for (const kv::ExternalProgramInfo& info : kv::ExternalPrograms())
+                    if (info.id == program) text += QLatin1Char(' ') + Q(std::string(info.file));
+                b->setEnabled(false);
+                b->setToolTip(text);
+                ws_.ui.Message(ws_.Title(), text.toStdString(), kv::MessageIcon::Information);
+                return;
+            }
             // The drawing program gets status 1, the parts program 119 with flag 1.
             const int status = program == kv::ExternalProgram::Draw    ? kv::status::DrawingProgram
                                : program == kv::ExternalProgram::Parts ? kv::status::CatalogueEditor
@@ -123,6 +142,15 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     menuRow->addStretch(1);
     layout->addSpacing(12);
     layout->addLayout(menuRow, 1);
+    // The recently used projects, each opened with one click.
+    recentLabel_ = new QLabel;
+    recent_ = new QListWidget;
+    recent_->setObjectName(QStringLiteral("RecentProjects"));
+    recent_->setMaximumHeight(120);
+    connect(recent_, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { OpenRecent(item->data(Qt::UserRole).toString()); });
+    layout->addWidget(recentLabel_);
+    layout->addWidget(recent_);
 
     auto* languages = new QHBoxLayout;
     for (std::string_view code : kv::kMenuLanguages) {
@@ -153,6 +181,15 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     connect(info_, &QPushButton::clicked, this, &MainWindow::ShowInformation);
     connect(printSetup_, &QPushButton::clicked, this, &MainWindow::PrintSetup);
     connect(end_, &QPushButton::clicked, this, &MainWindow::EndRun);
+    // The standard keys of a desktop program.
+    const std::pair<QKeySequence, QPushButton*> keys[] = {
+        {QKeySequence(QStringLiteral("Ctrl+N")), newProject_}, {QKeySequence(QStringLiteral("Ctrl+O")), load_}, {QKeySequence(QStringLiteral("Ctrl+S")), save_},
+        {QKeySequence(QStringLiteral("Ctrl+Shift+S")), saveAs_}, {QKeySequence(QStringLiteral("Ctrl+P")), printSetup_},
+        {QKeySequence(Qt::Key_F1), help_}};
+    for (const auto& [key, button] : keys)
+        connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
+    InstallKeyboardRules();
+    InstallFigureRule();
 
     // The window takes the screen's working area, leaving out the task bar.
     if (QScreen* s = QGuiApplication::primaryScreen()) {
@@ -166,7 +203,10 @@ void MainWindow::FillCaptions() {
     const kv::Captions& c = ws_.captions;
     // Arabic reads from right to left: the whole program turns its layouts.
     QGuiApplication::setLayoutDirection(ws_.settings.Sprache == "ARA" ? Qt::RightToLeft : Qt::LeftToRight);
-    setWindowTitle(Q(ws_.Title()));
+    TranslateQt(ws_);
+    UpdateTitle();
+    recentLabel_->setText(Q(c[kv::Cap::RecentProjects]));
+    FillRecent();
     title_->setText(Q(ws_.productName));
     subtitle_->setText(Q(c[kv::Cap::WelcomeTitle]) + QStringLiteral("   ") + Q(ws_.settings.VersionText));
     newProject_->setText(Q(c[kv::Cap::MenuNewProject]));
@@ -210,6 +250,7 @@ void MainWindow::showEvent(QShowEvent* event) {
 }
 
 void MainWindow::AfterFirstShow() {
+    kv::MarkProjectSaved(ws_);
     FillCaptions();
     if (kv::MatchcodeNeeded(ws_)) {
         QApplication::setOverrideCursor(Qt::WaitCursor);
@@ -243,6 +284,10 @@ Dialog* OpenScreen(Dialog* d) {
 
 void MainWindow::OpenProjectData() {
     auto* data = OpenScreen(new ProjectDataDialog(ws_, this));
+    connect(data, &QDialog::finished, this, [this] {
+        UpdateTitle();
+        FillRecent();
+    });
     connect(data, &ProjectDataDialog::calculationStarted, data, [this, data] {
         auto* scheme = OpenScreen(new SchemeDialog(ws_, data));
         connect(scheme, &SchemeDialog::diagramRequested, scheme, [this, scheme] {
@@ -253,47 +298,70 @@ void MainWindow::OpenProjectData() {
 }
 
 void MainWindow::NewProjectAction() {
+    if (!KeepInput()) return;
     kv::NewProject(ws_);
+    kv::MarkProjectSaved(ws_);
+    UpdateTitle();
     OpenProjectData();
 }
 
 void MainWindow::LoadProjectAction() {
-    kv::Project& p = ws_.project;
-    const QString file = QFileDialog::getOpenFileName(this, Q(ws_.captions[kv::Cap::MenuLoadProject]),
-                                                      Q(p.ProjektVerz), QStringLiteral("*.prj *.PRJ"));
-    if (file.isEmpty()) return;
-    const std::filesystem::path path(file.toStdString());
-    std::string type = p.AnlagenTyp;
-    if (kv::LoadProjectAndTell(ws_, type, path.string(), path.parent_path().string() + "/").loaded) {
-        p.AnlagenTyp = type;
-        p.ProjektDatei = path.filename().string();
-        p.ProjektVerz = path.parent_path().string();
+    if (!KeepInput()) return;
+    const QString file = AskProjectOpenPath(ws_, this, Q(ws_.captions[kv::Cap::MenuLoadProject]));
+    if (!file.isEmpty()) kv::OpenProjectFromPath(ws_, file.toStdString());
+    UpdateTitle();
+    FillRecent();
+}
+
+void MainWindow::OpenRecent(const QString& path) {
+    if (!KeepInput()) return;
+    if (kv::OpenProjectFromPath(ws_, path.toStdString())) OpenProjectData();
+    UpdateTitle();
+    FillRecent();
+}
+
+void MainWindow::FillRecent() {
+    recent_->clear();
+    for (const kv::RecentProject& r : kv::ReadRecentProjects(ws_)) {
+        auto* item = new QListWidgetItem(Q(kv::RecentProjectLine(r)), recent_);
+        item->setData(Qt::UserRole, Q(r.path));
+        item->setToolTip(Q(r.path));
     }
+    recent_->setVisible(recent_->count() > 0);
+    recentLabel_->setVisible(recent_->count() > 0);
+}
+
+void MainWindow::UpdateTitle() { setWindowTitle(Q(kv::ProjectTitle(ws_))); }
+
+bool MainWindow::KeepInput() {
+    if (!kv::HasUnsavedInput(ws_)) return true;
+    const kv::Captions& c = ws_.captions;
+    QMessageBox box(QMessageBox::Question, Q(ws_.Title()), Q(c[kv::Cap::UnsavedInputQuestion]),
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, this);
+    box.setDefaultButton(QMessageBox::Cancel);
+    const int answer = box.exec();
+    if (answer == QMessageBox::No) return true;
+    if (answer != QMessageBox::Yes) return false;
+    SaveProjectAction();
+    return !kv::HasUnsavedInput(ws_);
 }
 
 void MainWindow::SaveProjectAction() {
-    // A known file name saves at once, into the data directory; else "Save as".
-    if (kv::Trim(ws_.project.ProjektDatei).empty()) {
-        SaveProjectAsAction();
-        return;
-    }
-    kv::SaveProjectAndTell(ws_, ws_.project.AnlagenTyp, "");
+    // A known file name saves at once, to the file that was opened; else "Save as".
+    if (!kv::SaveToOpenFile(ws_)) SaveProjectAsAction();
+    UpdateTitle();
+    FillRecent();
 }
 
 void MainWindow::SaveProjectAsAction() {
-    kv::Project& p = ws_.project;
-    const QString file = QFileDialog::getSaveFileName(this, Q(ws_.captions[kv::Cap::MenuSaveProjectAs]),
-                                                      Q(p.ProjektVerz), QStringLiteral("*.prj"));
-    if (file.isEmpty()) return;
-    const std::filesystem::path path(file.toStdString());
-    p.ProjektDatei = path.filename().string();
-    p.ProjektVerz = path.parent_path().string();
-    kv::SaveProjectAndTell(ws_, p.AnlagenTyp, p.ProjektVerz + "/");
+    const QString file = AskProjectSavePath(ws_, this, Q(ws_.captions[kv::Cap::MenuSaveProjectAs]));
+    if (!file.isEmpty()) kv::SaveProjectToPath(ws_, file.toStdString());
+    UpdateTitle();
+    FillRecent();
 }
 
 void MainWindow::DeleteProjectAction() {
-    const QString file = QFileDialog::getOpenFileName(this, Q(ws_.captions[kv::Cap::MenuDeleteProject]),
-                                                      Q(ws_.project.ProjektVerz), QStringLiteral("*.prj *.PRJ"));
+    const QString file = AskProjectOpenPath(ws_, this, Q(ws_.captions[kv::Cap::MenuDeleteProject]));
     if (file.isEmpty()) return;
     if (!ws_.ui.AskYesNo(ws_.Title(), ws_.captions.Message(6) + ws_.lineEnd + file.toStdString())) return;
     if (kv::DeleteProject(ws_, file.toStdString())) ws_.ui.Message(ws_.Title(), ws_.captions.Message(7));
@@ -320,11 +388,7 @@ void MainWindow::ActOnStatusWord() {
     switch (kv::StartActionFor(ws_.statusWord)) {
         case kv::StartAction::ProjectDataScreen: OpenProjectData(); break;
         case kv::StartAction::LoadProjectAndDataScreen: {
-            kv::Project& p = ws_.project;
-            std::string type = p.AnlagenTyp;
-            std::string dir = p.ProjektVerz;
-            if (!dir.empty() && dir.back() != '/') dir += '/';
-            if (kv::LoadProjectAndTell(ws_, type, dir + p.ProjektDatei, dir).loaded) p.AnlagenTyp = type;
+            kv::OpenProjectFromPath(ws_, kv::OpenProjectPath(ws_));
             OpenProjectData();
             break;
         }
@@ -355,6 +419,7 @@ void MainWindow::PrintSetup() {
 
 void MainWindow::EndRun() {
     if (ending_) return;
+    if (!KeepInput()) return;
     if (!kv::EndSystem(ws_)) return;
     ending_ = true;
     QThread::msleep(50);

@@ -6,6 +6,7 @@
 #include <vector>
 
 class QLabel;
+class QListWidget;
 class QPushButton;
 
 namespace kv { struct Workspace; }
@@ -36,6 +37,13 @@ public:
     void OpenCatalogueEditor();
     // Acts on the status word of the exchange file once the window shows.
     void ActOnStatusWord();
+    // Before unsaved input is lost: asks whether to save it first. False
+    // when the user cancels (or the save failed).
+    bool KeepInput();
+    // The title bar: the open project with a mark for unsaved input.
+    void UpdateTitle();
+    // Loads a project of the recent list and opens the data screen.
+    void OpenRecent(const QString& path);
 
 signals:
     // The user confirmed the end; the settings are written.
@@ -52,6 +60,7 @@ private:
     void ShowHelp();
     void PrintSetup();
     void AfterFirstShow();
+    void FillRecent();
 
     kv::Workspace& ws_;
     QLabel* title_ = nullptr;
@@ -72,6 +81,8 @@ private:
     QPushButton* printSetup_ = nullptr;
     QPushButton* end_ = nullptr;
     std::vector<QPushButton*> languageButtons_;
+    QLabel* recentLabel_ = nullptr;
+    QListWidget* recent_ = nullptr;
     bool shownOnce_ = false;
     bool ending_ = false;
 };

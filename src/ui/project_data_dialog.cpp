@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -19,12 +20,16 @@
 
 #include "project/project_file.h"
 #include "project/project_io.h"
+#include "project/project_paths.h"
 #include "refrigerant/registry.h"
 #include "shell/numbers.h"
 #include "shell/text.h"
 #include "shell/captions.h"
 #include "shell/workspace.h"
 #include "ui/selection_dialogs.h"
+#include "ui/file_dialogs.h"
+#include "ui/help_dialog.h"
+#include "ui/screen_fit.h"
 
 namespace kvui {
 namespace {
@@ -40,7 +45,8 @@ constexpr int kGeometrCols = 8;
 
 }  // namespace
 
-ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) {
+ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent)
+    : QDialog(parent), ws_(ws), before_(ws.project) {
     setObjectName(QStringLiteral("Projektdaten"));
     setWindowTitle(Q(ws.captions[kv::Cap::ProjectDataTitle]) + QStringLiteral(" - ") + Q(ws.Title()));
     kv::OpenDataScreen(ws_, screen_);
@@ -60,10 +66,14 @@ ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent) : QDial
     auto* standard = new QPushButton(Q(ws.captions[kv::Cap::BtnSaveAsStandard]));
     auto* ok = new QPushButton(Q(ws.captions[kv::Cap::Ok]));
     ok->setObjectName(QStringLiteral("OK"));
+    auto* cancel = new QPushButton(Q(ws.captions[kv::Cap::Cancel]));
+    cancel->setObjectName(QStringLiteral("Cancel"));
+    connect(cancel, &QPushButton::clicked, this, &ProjectDataDialog::reject);
     for (QPushButton* b : {save, saveAs, load, standard}) buttons->addWidget(b);
     buttons->addStretch(1);
     buttons->addWidget(calculate_);
     buttons->addWidget(ok);
+    buttons->addWidget(cancel);
     connect(calculate_, &QPushButton::clicked, this, [this] { Calculate(); });
     connect(save, &QPushButton::clicked, this, &ProjectDataDialog::Save);
     connect(saveAs, &QPushButton::clicked, this, &ProjectDataDialog::SaveAs);
@@ -81,13 +91,25 @@ ProjectDataDialog::ProjectDataDialog(kv::Workspace& ws, QWidget* parent) : QDial
     connect(hx, &QPushButton::clicked, this, [this] {
         if (kv::OperatingPointForSearch(ws_, screen_)) HeatExchangerSelectionDialog(ws_, 600, this).exec();
     });
+    // The standard keys: F5 calculates, Ctrl+S saves, Ctrl+Shift+S saves as, Ctrl+O loads.
+    connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, [this] { Calculate(); });
+    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+S")), this), &QShortcut::activated, this, &ProjectDataDialog::Save);
+    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+S")), this), &QShortcut::activated, this,
+            &ProjectDataDialog::SaveAs);
+    connect(new QShortcut(QKeySequence(QStringLiteral("Ctrl+O")), this), &QShortcut::activated, this, &ProjectDataDialog::Load);
+    AddHelpKey(ws_, this, ws_.captions[kv::Cap::ProjectDataTitle]);
 
+    // The form scrolls where the screen is too small; the buttons stay in view.
+    auto* body = new QWidget;
+    auto* form = new QVBoxLayout(body);
+    form->setContentsMargins(0, 0, 0, 0);
+    form->addWidget(BuildProjectFrame());
+    form->addLayout(top);
+    form->addWidget(BuildGrids(), 1);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(BuildProjectFrame());
-    layout->addLayout(top);
-    layout->addWidget(BuildGrids(), 1);
+    layout->addWidget(Scrolled(body), 1);
     layout->addLayout(buttons);
-    resize(1360, 1000);
+    FitToScreen(ws_, this, QSize(1360, 1000));
     Refresh();
 }
 
@@ -197,7 +219,9 @@ QWidget* ProjectDataDialog::BuildPlantFrame() {
         kv::ChooseDefrost(ws_, screen_, ws_.project.AbtauCombo);
         Refresh();
     }, false, "Abtau_Combo"));
-    form->addRow(Label(ws_, kv::Cap::PipeSeries), bind_.Box(s.RLcombo, s.rlList, {}, false, "RLcombo"));
+    form->addRow(Label(ws_, kv::Cap::PipeSeries), bind_.Box(s.RLcombo, s.rlList, [this] {
+        if (!filling_) kv::ChoosePipeSeries(ws_, screen_.RLcombo);
+    }, false, "RLcombo"));
     form->addRow(Label(ws_, kv::Cap::EvapVolume, "dm\u00b3"), bind_.Text(p.VerdVol, {}, "VerdVol"));
     form->addRow(Label(ws_, kv::Cap::CondVolume, "dm\u00b3"), bind_.Text(p.KondVol, {}, "KondVol"));
     form->addRow(Label(ws_, kv::Cap::IntermediatePressure, "bar"), bind_.Text(p.P_mittel, {}, "P_mittel"));
@@ -354,6 +378,7 @@ void ProjectDataDialog::UpdateLight() {
 
 void ProjectDataDialog::Refresh() {
     filling_ = true;
+    kv::SyncPipeSeries(ws_, screen_.RLcombo, screen_.rlList);
     bind_.Refresh();
     FillGrids();
     const kv::Project& p = ws_.project;
@@ -412,33 +437,25 @@ bool ProjectDataDialog::Calculate() {
 }
 
 void ProjectDataDialog::Save() {
-    if (!kv::SaveUnderKnownName(ws_)) SaveAs();
+    if (const auto saved = kv::SaveToOpenFile(ws_); !saved) SaveAs();
+    else if (*saved == kv::SaveResult::Saved) before_ = ws_.project;
 }
 
 void ProjectDataDialog::SaveAs() {
-    kv::Project& p = ws_.project;
-    const QString file = QFileDialog::getSaveFileName(this, Q(ws_.captions[kv::Cap::SaveAs]),
-                                                      Q(p.ProjektVerz), QStringLiteral("*.prj"));
-    if (file.isEmpty()) return;
-    const std::filesystem::path path(file.toStdString());
-    p.ProjektDatei = path.filename().string();
-    p.ProjektVerz = path.parent_path().string();
-    Save();
+    const QString file = AskProjectSavePath(ws_, this, Q(ws_.captions[kv::Cap::SaveAs]));
+    if (!file.isEmpty() && kv::SaveProjectToPath(ws_, file.toStdString()) == kv::SaveResult::Saved)
+        before_ = ws_.project;
+}
+
+void ProjectDataDialog::reject() {
+    ws_.project = before_;
+    QDialog::reject();
 }
 
 void ProjectDataDialog::Load() {
-    kv::Project& p = ws_.project;
-    const QString file = QFileDialog::getOpenFileName(this, Q(ws_.captions[kv::Cap::Load]), Q(p.ProjektVerz),
-                                                      QStringLiteral("*.prj *.PRJ"));
+    const QString file = AskProjectOpenPath(ws_, this, Q(ws_.captions[kv::Cap::Load]));
     if (file.isEmpty()) return;
-    const std::filesystem::path path(file.toStdString());
-    std::string type = p.AnlagenTyp;
-    const std::string dir = path.parent_path().string() + "/";
-    if (kv::LoadProjectAndTell(ws_, type, path.string(), dir).loaded) {
-        p.AnlagenTyp = type;
-        p.ProjektDatei = path.filename().string();
-        p.ProjektVerz = path.parent_path().string();
-    }
+    if (kv::OpenProjectFromPath(ws_, file.toStdString())) before_ = ws_.project;
     kv::OpenDataScreen(ws_, screen_);
     Refresh();
 }

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "project/data_screen.h"
+#include "project/project.h"
 #include "ui/bindings.h"
 
 class QTableWidget;
@@ -38,6 +39,10 @@ public:
     void SaveAs();
     void Load();
 
+    // Cancel and Escape: the project goes back to what it was when the
+    // screen opened (or was last loaded or saved on it).
+    void reject() override;
+
 signals:
     // The check passed and the record holds the calculation's input.
     void calculationStarted();
@@ -59,6 +64,7 @@ private:
 
     kv::Workspace& ws_;
     kv::DataScreen screen_;
+    kv::Project before_;
     Bindings bind_;
     QTableWidget* armatur_ = nullptr;
     QTableWidget* geometr_ = nullptr;

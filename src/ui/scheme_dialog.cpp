@@ -1,6 +1,8 @@
 #include "ui/scheme_dialog.h"
 
 #include <QCheckBox>
+#include <QShortcut>
+#include <QSplitter>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -17,8 +19,10 @@
 #include "shell/captions.h"
 #include "shell/workspace.h"
 #include "lines/pipe_series.h"
+#include "ui/help_dialog.h"
 #include "ui/picture_view.h"
 #include "ui/selection_dialogs.h"
+#include "ui/screen_fit.h"
 
 namespace kvui {
 namespace {
@@ -41,18 +45,28 @@ SchemeDialog::SchemeDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent)
 
     view_ = new PictureView;
     view_->setObjectName(QStringLiteral("SchemePicture"));
-    auto* top = new QHBoxLayout;
-    top->addWidget(view_, 1);
-    top->addWidget(BuildEntries());
+    // The picture, the entries and the line panel share the window through
+    // splitters; the entries and the lines scroll where the screen is small.
+    auto* top = new QSplitter(Qt::Horizontal);
+    top->addWidget(view_);
+    top->addWidget(Scrolled(BuildEntries()));
+    top->setStretchFactor(0, 1);
+    top->setChildrenCollapsible(false);
+    auto* split = new QSplitter(Qt::Vertical);
+    split->setObjectName(QStringLiteral("SchemeSplit"));
+    split->addWidget(top);
+    split->addWidget(Scrolled(BuildLines()));
+    split->setStretchFactor(0, 1);
+    split->setChildrenCollapsible(false);
 
     auto* layout = new QVBoxLayout(this);
-    layout->addLayout(top, 1);
-    layout->addWidget(BuildLines());
+    layout->addWidget(split, 1);
     notes_ = new QLabel;
     notes_->setObjectName(QStringLiteral("notes"));
     notes_->setStyleSheet(QStringLiteral("color: red"));
+    notes_->setWordWrap(true);
     layout->addWidget(notes_);
-    resize(1280, 860);
+    FitToScreen(ws_, this, QSize(1280, 860), split);
     Refresh();
 }
 
@@ -136,12 +150,13 @@ QWidget* SchemeDialog::BuildEntries() {
 
     auto* calc = new QPushButton(Q(ws_.captions[kv::Cap::BtnCalculate]));
     calc->setObjectName(QStringLiteral("rechbutt"));
-    calc->setDefault(true);
     auto* diagram = new QPushButton(Q(ws_.captions[kv::Cap::HLogPTitle]));
     diagram->setObjectName(QStringLiteral("Diagram"));
     auto* close = new QPushButton(Q(ws_.captions[kv::Cap::Close]));
     close->setObjectName(QStringLiteral("Abbrechen"));
     connect(calc, &QPushButton::clicked, this, [this] { Calculate(); });
+    connect(new QShortcut(QKeySequence(Qt::Key_F5), this), &QShortcut::activated, this, [this] { Calculate(); });
+    AddHelpKey(ws_, this, ws_.captions[kv::Cap::SchemeTitle]);
     connect(diagram, &QPushButton::clicked, this, &SchemeDialog::diagramRequested);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
     auto* select = new QPushButton(Q(ws_.captions[kv::Cap::AccessorySelectionTitle]));

@@ -1,4 +1,5 @@
 #include "ui/tables_dialogs.h"
+#include "ui/screen_fit.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
@@ -79,7 +80,7 @@ PipeTableDialog::PipeTableDialog(kv::Workspace& ws, QWidget* parent) : QDialog(p
     layout->addLayout(series);
     layout->addWidget(grid_, 1);
     layout->addLayout(actions);
-    resize(900, 720);
+    FitToScreen(ws_, this, QSize(900, 720));
     ShowSeries(ws_.project.RohrDatei.empty() ? "RohrDM.DAT" : ws_.project.RohrDatei);
 }
 
@@ -141,7 +142,7 @@ ZetaDialog::ZetaDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent), ws
     layout->addWidget(grid_, 1);
     layout->addWidget(new QLabel(Q(ws_.captions[kv::Cap::ZetaStraightPipe]) + QStringLiteral(" /10 m :")));
     layout->addLayout(buttons);
-    resize(460, 420);
+    FitToScreen(ws_, this, QSize(460, 420));
     Fill();
 }
 

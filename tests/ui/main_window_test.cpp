@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -11,6 +13,12 @@
 #include "shell/exchange.h"
 #include "shell/files.h"
 #include "shell/startup.h"
+#include "project/project_paths.h"
+#include "project/project_state.h"
+#include "shell/captions.h"
+#include <QLineEdit>
+#include <QListWidget>
+#include "ui/project_data_dialog.h"
 #include "ui/main_window.h"
 #include "ui/qt_interface.h"
 #include "ui/welcome_dialog.h"
@@ -113,12 +121,14 @@ TEST_F(MainWindowTest, MissingLanguageTablesKeepTheLanguage) {
     EXPECT_TRUE(shown.startsWith(kvui::Q(ws.captions.Message(61))));
     EXPECT_FALSE(polish->isChecked());
 
-    // The drawing program is not installed here: the user is told which.
+    // The drawing program is not installed here: the user is told which, once.
     QString missing;
     AnswerNextBox(QMessageBox::Ok, &missing);
-    window.findChild<QPushButton*>(QStringLiteral("Drawing"))->click();
+    auto* drawing = window.findChild<QPushButton*>(QStringLiteral("Drawing"));
+    drawing->click();
     EXPECT_TRUE(missing.contains(QStringLiteral("kelvdraw.exe")));
-    EXPECT_EQ(kv::ReadExchangeFile(ws).status, kv::status::DrawingProgram);
+    EXPECT_FALSE(drawing->isEnabled());
+    EXPECT_TRUE(drawing->toolTip().contains(QStringLiteral("kelvdraw.exe")));
 }
 
 TEST_F(MainWindowTest, AFailedSaveIsShownAndTheFileStays) {
@@ -127,6 +137,7 @@ TEST_F(MainWindowTest, AFailedSaveIsShownAndTheFileStays) {
     kv::Project& p = ws.project;
     p.ProjektNam = "Hall 3";
     p.ProjektDatei = "Hall3.prj";
+    p.ProjektVerz = ws.DataDir().string();  // the file that was opened
     p.AnlagenTyp = "HeatP";
     window.SaveProjectAction();
     const std::string saved = kv::ReadWholeFile(ws.DataDir() / "Hall3.prj");
@@ -146,10 +157,72 @@ TEST_F(MainWindowTest, AFailedSaveIsShownAndTheFileStays) {
     EXPECT_EQ(kv::ReadWholeFile(ws.DataDir() / "Hall3.prj"), saved);
 }
 
+// Input is never lost unasked: Cancel on the data screen restores the
+// project, New asks while input is unsaved, the title bar marks it, the
+// recent list opens a saved project with one click, Qt's buttons speak German.
+TEST_F(MainWindowTest, UnsavedInputIsAskedForAndCancelRestoresTheProject) {
+    kv::PrepareWorkspace(ws);
+    kvui::MainWindow window(ws);
+    kv::Project& p = ws.project;
+    p.ProjektNam = "Hall 3";
+    p.AnlagenTyp = "HeatP";
+    p.Tver = "-6";
+    kv::MarkProjectSaved(ws);
+    window.UpdateTitle();
+    EXPECT_FALSE(window.windowTitle().endsWith(QStringLiteral(" *")));
+
+    window.OpenProjectData();
+    auto* data = window.findChild<kvui::ProjectDataDialog*>();
+    ASSERT_NE(data, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(data));
+    auto* tver = data->findChild<QLineEdit*>(QStringLiteral("Tver"));
+    tver->selectAll();
+    QTest::keyClicks(tver, QStringLiteral("-15"));
+    EXPECT_EQ(p.Tver, "-15");
+    QTest::keyClick(data, Qt::Key_Escape);
+    EXPECT_EQ(p.Tver, "-6");
+    EXPECT_FALSE(kv::HasUnsavedInput(ws));
+
+    p.Tver = "-20";
+    window.UpdateTitle();
+    EXPECT_TRUE(window.windowTitle().endsWith(QStringLiteral("Hall 3 *")));
+    QString asked;
+    AnswerNextBox(QMessageBox::Cancel, &asked);
+    window.NewProjectAction();
+    EXPECT_EQ(asked, kvui::Q(ws.captions[kv::Cap::UnsavedInputQuestion]));
+    EXPECT_EQ(p.Tver, "-20");  // cancelled: nothing lost
+
+    // Saved, the project is in the recent list; a click loads it again.
+    const std::string file = (root / "Hall3.prj").string();
+    ASSERT_EQ(kv::SaveProjectToPath(ws, file), kv::SaveResult::Saved);
+    window.FillCaptions();
+    auto* recent = window.findChild<QListWidget*>(QStringLiteral("RecentProjects"));
+    ASSERT_EQ(recent->count(), 1);
+    EXPECT_TRUE(recent->item(0)->text().contains(QStringLiteral("HeatP")));
+    p.Tver = "5";
+    AnswerNextBox(QMessageBox::No);  // drop the edit
+    window.OpenRecent(recent->item(0)->data(Qt::UserRole).toString());
+    EXPECT_EQ(p.Tver, "-20");
+    for (auto* d : window.findChildren<kvui::ProjectDataDialog*>()) d->accept();
+
+    ASSERT_TRUE(kv::ChangeLanguage(ws, "GER"));
+    window.FillCaptions();
+    QMessageBox box(QMessageBox::Question, QString(), QString(), QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+    EXPECT_EQ(box.button(QMessageBox::Yes)->text(), kvui::Q(ws.captions[kv::Cap::Yes]));
+    EXPECT_EQ(box.button(QMessageBox::Cancel)->text(), kvui::Q(ws.captions[kv::Cap::Cancel]));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The screens are shown on a 1366 x 768 laptop screen at 100 %.
+    const QString screen = QDir::temp().filePath(QStringLiteral("kelvaris_ui_screen.json"));
+    QFile config(screen);
+    if (config.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        config.write(R"({"screens": [{"name": "laptop", "x": 0, "y": 0, "width": 1366, "height": 768,
+                         "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})");
+    config.close();
+    qputenv("QT_QPA_PLATFORM", ("offscreen:configfile=" + screen).toLocal8Bit());
     QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();

@@ -1,4 +1,5 @@
 #include "project/project_io.h"
+#include "project/project_state.h"
 
 #include "project/project.h"
 #include "shell/files.h"
@@ -79,6 +80,7 @@ LoadOutcome LoadProjectChecked(Workspace& ws, std::string& plantType, const std:
     }
     ws.loadWarnings = out.loaded ? out.warnings : std::vector<std::string>();
     if (out.loaded) ws.truncatedLoad = out.warnings.empty() ? std::string() : file.string();
+    if (out.loaded) MarkProjectSaved(ws);
     return out;
 }
 
@@ -122,6 +124,7 @@ SaveResult SaveProjectAndTell(Workspace& ws, const std::string& plantType, const
     if (result == SaveResult::Saved && !ws.writeFailures.empty()) result = SaveResult::Failed;
     if (result == SaveResult::Failed) SayWriteFailures(ws, "The project was not saved.", target.string());
     if (result == SaveResult::Saved) ws.truncatedLoad.clear();
+    if (result == SaveResult::Saved) MarkProjectSaved(ws);
     ws.writeFailures.clear();
     return result;
 }

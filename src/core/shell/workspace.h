@@ -71,6 +71,8 @@ struct Workspace {
     // The project file last loaded, when it had ended early: a save asks
     // before it writes the blanks over the user's file.
     std::string truncatedLoad;
+    // The input of the project as last loaded, saved or begun (InputFingerprint).
+    std::string savedInput;
     // What the last project load found missing in its file.
     std::vector<std::string> loadWarnings;
     // A run on a private working set: the data directory proper (settings
