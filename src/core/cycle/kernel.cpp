@@ -92,6 +92,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     Project& p = ws.project;
     CycleState& c = ws.cycle;
     const Captions& cap = ws.captions;
+    ws.properties.LookAgain();  // a table edited since the last run is read anew
 
     // 1, 2: the stored sizes are offered on the first calculation of a
     // screen opening only; a size moved by hand keeps all sizes for this run.

@@ -202,6 +202,7 @@ bool OutFile::Close() {
     if (!open_) return true;
     open_ = false;
     ForgetText(path_);
+    if (ws_) ws_->properties.LookAgain();
     const std::string text = writer_.Take();
     if (mode_ == Mode::Output) {
         if (ws_ && ws_->staging) {
@@ -287,6 +288,7 @@ RandomFile OpenRandom(const Workspace& ws, std::string_view name, int recordLeng
 bool DeleteFile(Workspace& ws, std::string_view name) {
     const bool bare = name.find('/') == std::string_view::npos && name.find('\\') == std::string_view::npos;
     const fs::path path = ResolveName(ws, name);
+    ws.properties.LookAgain();
     if (ws.staging) {
         ws.staging->Remove(path);
         return true;
