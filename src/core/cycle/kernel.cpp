@@ -17,6 +17,7 @@
 #include "refrigerant/registry.h"
 #include "refrigerant/saturation.h"
 #include "refrigerant/state_points.h"
+#include "shell/file_memory.h"
 #include "shell/files.h"
 #include "shell/numbers.h"
 #include "shell/settings.h"
@@ -92,7 +93,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     Project& p = ws.project;
     CycleState& c = ws.cycle;
     const Captions& cap = ws.captions;
-    ws.properties.LookAgain();  // a table edited since the last run is read anew
+    const CalculationRound round(ws);  // a file changed since the last run is read anew
 
     // 1, 2: the stored sizes are offered on the first calculation of a
     // screen opening only; a size moved by hand keeps all sizes for this run.
