@@ -125,7 +125,8 @@ const Table& PropertyCache::Get(std::map<std::string, Entry<Table>>& entries, co
 template <class Table, class Parse>
 const Table& PropertyCache::Refresh(Entry<Table>& e, const fs::path& dataDir, const std::string& fileName,
                                     Parse parse) {
-    if (e.loaded && e.checkedRound == round_) return e.table;
+    if (e.loaded && e.checkedRound == round_ && !rereadEveryLookUp) return e.table;
+    if (rereadEveryLookUp) e.loaded = false;
     std::error_code ec;
     // The time of the last write alone: every save of a table moves it.
     auto stampOf = [&ec](const fs::path& p) {

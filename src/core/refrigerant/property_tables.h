@@ -72,6 +72,9 @@ public:
     // file system once for its time of last write. A calculation begins
     // with this; a write through the file routines does it as well.
     void LookAgain() const { ++round_; }
+    // Every look-up opens and parses its file anew, as the tables were read
+    // before they were held: only for measuring what holding them saves.
+    bool rereadEveryLookUp = false;
 
 private:
     struct Stamp {

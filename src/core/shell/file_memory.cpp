@@ -14,7 +14,7 @@ constexpr std::uintmax_t kHeldTextMax = 256u * 1024u;
 }  // namespace
 
 FileMemory::Entry& FileMemory::Look(const Workspace& ws, std::string_view name) {
-    if (holding_ == 0) ++round_;
+    if (holding_ == 0 || rereadEveryLook) ++round_;
     std::string key = ws.project.DatenVerz;
     key += '|';
     key += name;
@@ -27,7 +27,7 @@ FileMemory::Entry& FileMemory::Look(const Workspace& ws, std::string_view name) 
     const std::int64_t timeNs = static_cast<std::int64_t>(st.st_mtim.tv_sec) * 1000000000 + st.st_mtim.tv_nsec;
     const bool same = exists == e.exists && path == e.path && static_cast<std::uintmax_t>(st.st_size) == e.length &&
                       static_cast<std::uint64_t>(st.st_ino) == e.inode && timeNs == e.writeTimeNs;
-    if (!same) {
+    if (!same || rereadEveryLook) {
         e.path = path;
         e.exists = exists;
         e.length = exists ? static_cast<std::uintmax_t>(st.st_size) : 0;

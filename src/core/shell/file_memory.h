@@ -37,6 +37,8 @@ public:
     void LookAgain() { ++round_; }
     // The program wrote `path`: its text is forgotten at once.
     void Forget(const std::filesystem::path& path);
+    // Every read opens the file anew: only for measuring what holding saves.
+    bool rereadEveryLook = false;
 
 private:
     friend class CalculationRound;
