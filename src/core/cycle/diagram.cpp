@@ -395,8 +395,9 @@ DiagramCycle ComputeDiagramCycle(Workspace& ws, const TrimValues& tr, bool co2Mo
     const double hVapCond = cs.hVapCond, hVapEvap = cs.hVapEvap;
     c.q0 = q0;
     const double m = MassFlow(ws, 0.01, q0);
-    c.power = CompressionPower(ws, pEvap, pCond, tEvapK, tCondK, m, tr.superheatEvap, tSuction, hVapCond, hVapEvap,
-                               c.tDischargeC, 0);
+    c.power = CompressionPower(ws, {.pLow = pEvap, .pHigh = pCond, .tLowK = tEvapK, .tHighK = tCondK, .massFlow = m,
+                                    .tSuctionC = tSuction, .hHighVap = hVapCond, .hLowVap = hVapEvap,
+                                    .tDischargeC = c.tDischargeC});
     c.eer = c.power > 0 && std::isfinite(c.power) ? std::trunc(q0 / c.power * 100 + 1e-9) / 100 : 0.0;
 
     // The intermediate level: the two-stage plants take it from the

@@ -193,8 +193,9 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     // A first estimate of the capacities.
     c.Q0 = 0.75 * Qh;
     c.massFlow = MassFlow(ws, c.massFlow, c.Q0);
-    double P = CompressionPower(ws, c.pEvap, c.pCond, c.tEvapK, c.tCondK, c.massFlow, superheatEvap, tSuction,
-                                c.hVapCond, c.hVapEvap, 0, 0);
+    double P = CompressionPower(ws, {.pLow = c.pEvap, .pHigh = c.pCond, .tLowK = c.tEvapK, .tHighK = c.tCondK,
+                                     .massFlow = c.massFlow, .tSuctionC = tSuction, .hHighVap = c.hVapCond,
+                                     .hLowVap = c.hVapEvap});
     AnnualFiguresWith(ws, s, P, energy);
     c.Q0 = RefrigeratingCapacity(Qh, P != 0.0 ? c.Q0 / P : 0.0);
     s.Q0 = CutText(c.Q0, 2);
@@ -387,8 +388,10 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         const CycleState saved = c;
         double sc = subcooling;
         CycleStatePoints(ws, t0, c.tIntermediate, tSuction, sc);
-        const double p1 = CompressionPower(ws, pLow, c.pIntermediate, c.tEvapK, c.tIntermediate + 273.15,
-                                           c.massFlow, superheatEvap, tSuction, c.hVapCond, c.hVapEvap, tLow, 0);
+        const double p1 = CompressionPower(
+            ws, {.pLow = pLow, .pHigh = c.pIntermediate, .tLowK = c.tEvapK, .tHighK = c.tIntermediate + 273.15,
+                 .massFlow = c.massFlow, .tSuctionC = tSuction, .hHighVap = c.hVapCond, .hLowVap = c.hVapEvap,
+                 .tDischargeC = tLow});
         const double e1 = c.etaIsRatio;
         const double mix = (c.massFlow + saved.ecoMass) != 0.0
                                ? (7 * saved.ecoMass + c.massFlow * (tLow - saved.tIntermediate)) /
@@ -396,9 +399,10 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
                                : 0.0;
         const double tMid = saved.tIntermediate;
         CycleStatePoints(ws, tMid, tc, tMid + mix, sc);
-        const double p2 = CompressionPower(ws, saved.pIntermediate, pHigh, tMid + 273.15, c.tCondK,
-                                           saved.massFlow + saved.ecoMass, superheatEvap, tMid + mix, c.hVapCond,
-                                           c.hVapEvap, 0, 0);
+        const double p2 = CompressionPower(
+            ws, {.pLow = saved.pIntermediate, .pHigh = pHigh, .tLowK = tMid + 273.15, .tHighK = c.tCondK,
+                 .massFlow = saved.massFlow + saved.ecoMass, .tSuctionC = tMid + mix, .hHighVap = c.hVapCond,
+                 .hLowVap = c.hVapEvap});
         const double e2 = c.etaIsRatio;
         c = saved;
         c.pEvap = savedP;
@@ -415,8 +419,9 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
                                              c.tIntermediate + mixShown + 273.15, c.kappa * 1.028) -
                         273.15;
     } else {
-        CompressionPower(ws, pLow, pHigh, c.tEvapK, c.tCondK, c.massFlow + c.bypassMass, superheatEvap, tSuction,
-                         c.hVapCond, c.hVapEvap, 0, 0);
+        CompressionPower(ws, {.pLow = pLow, .pHigh = pHigh, .tLowK = c.tEvapK, .tHighK = c.tCondK,
+                              .massFlow = c.massFlow + c.bypassMass, .tSuctionC = tSuction, .hHighVap = c.hVapCond,
+                              .hLowVap = c.hVapEvap});
         // The discharge temperature shown.
         double tIn = tSuction + 273.15;
         double kappa = c.kappa;

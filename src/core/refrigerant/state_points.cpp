@@ -247,9 +247,8 @@ double DischargeTemperature(Workspace& ws, double powerKw, double pLow, double p
     return t2a - y;
 }
 
-double CompressionPower(Workspace& ws, double pLow, double pHigh, double tLowK, double tHighK, double massFlow,
-                        double /*superheat*/, double tSuctionC, double hHighVap, double hLowVap, double tDischargeC,
-                        int mode) {
+double CompressionPower(Workspace& ws, const CompressionInput& in) {
+    const auto [pLow, pHigh, tLowK, tHighK, massFlow, tSuctionC, hHighVap, hLowVap, tDischargeC, mode] = in;
     CycleState& cs = ws.cycle;
     double pk = UpperAscii(ws.project.AnlagenTyp) == "DIAG" ? ToNumber(ws.project.DiagPower).value : 0.0;
     const bool twoPass = pk == 0.0;
