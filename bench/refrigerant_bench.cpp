@@ -40,6 +40,26 @@ void SatLookup(benchmark::State& state) {
 }
 BENCHMARK(SatLookup);
 
+// The look-up proper on the table a calculation holds: the row from the 5 K
+// grid and the interpolation, without resolving the refrigerant's table.
+void SatLookupHeld(benchmark::State& state) {
+    kv::Workspace& ws = BenchWorkspace();
+    ws.project.KaelteM = "R134a";
+    const kv::SaturationTable* table = kv::ProjectSaturationTable(ws);
+    if (!table) {
+        state.SkipWithError("no R134a table");
+        return;
+    }
+    double key = 260.0;
+    for (auto _ : state) {
+        ws.cycle.highFound = false;
+        kv::ScanSaturationRows(*table, key, kv::ByTemperature, ws.cycle);
+        benchmark::DoNotOptimize(kv::InterpolateRows(ws.cycle, 2, key));
+        key = key > 320 ? 260.0 : key + 0.37;
+    }
+}
+BENCHMARK(SatLookupHeld);
+
 // The same look-up reading and parsing the table file anew each time.
 void SatLookupFromFile(benchmark::State& state) {
     kv::Workspace& ws = BenchWorkspace();

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
+#include <fstream>
 
 #include "cycle/kernel.h"
 #include "cycle/scheme_screen.h"
@@ -9,6 +11,7 @@
 #include "project/data_screen.h"
 #include "project/project_file.h"
 #include "shell/files.h"
+#include "refrigerant/property_tables.h"
 #include "shell/numbers.h"
 #include "shell/startup.h"
 #include "sample_fixture.h"
@@ -52,6 +55,32 @@ TEST_F(Kernel, EverySampleCalculatesWithSoundFigures) {
         EXPECT_NE(s.ElLeistVD_l.find("Qel="), std::string::npos);
         EXPECT_EQ(s.tEnd.substr(s.tEnd.size() - 4), " \u00b0C");
     }
+}
+
+// The tables are held in memory between calculations; a table changed on
+// disk behind the program's back is still seen by the next calculation.
+TEST_F(Kernel, ChangedTableOnDiskIsSeenByTheNextCalculation) {
+    OpenSample("Brine_R410A.prj");
+    ASSERT_TRUE(kv::CalculateCycle(ws, s, kv::Recalculate));
+    const double pEvap = ws.cycle.pEvap;
+    const fs::path table = kv::ResolveName(ws, "R410A.DAT");
+    std::string text = kv::ReadWholeFile(table);
+    ASSERT_FALSE(text.empty());
+    // Every pressure of the table a tenth higher: the evaporating pressure follows.
+    kv::SaturationTable parsed = kv::ParseSaturationTable(text, "R410A.DAT");
+    std::string scaled;
+    for (const kv::SatRow& r : parsed.rows)
+        scaled += kv::NumberText(r.t) + "," + kv::NumberText(r.pDew * 1.1) + "," + kv::NumberText(r.pBubble * 1.1) +
+                  "," + kv::NumberText(r.hLiq) + "," + kv::NumberText(r.hVap) + "," + kv::NumberText(r.rhoLiq) + "," +
+                  kv::NumberText(r.rhoVap) + "\r\n";
+    {
+        std::ofstream out(table, std::ios::binary | std::ios::trunc);
+        out << scaled;
+    }
+    // A later time of last write than the parsed copy's, whatever the clock's grain.
+    fs::last_write_time(table, fs::last_write_time(table) + std::chrono::seconds(2));
+    ASSERT_TRUE(kv::CalculateCycle(ws, s, kv::Recalculate));
+    EXPECT_NEAR(ws.cycle.pEvap, pEvap * 1.1, 1e-6 * pEvap);
 }
 
 TEST_F(Kernel, ReferenceCheckBesideTheRun) {

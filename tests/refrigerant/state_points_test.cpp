@@ -116,7 +116,9 @@ TEST_F(StatePoints, PowerMassFlowAndTheSecondPass) {
     EXPECT_NEAR(m, 0.075, 0.01);  // 10 kW of R134a between -10 and 45 °C
     EXPECT_EQ(kv::MassFlow(ws, 0.5, 0), 0.5);
 
-    const double p = kv::CompressionPower(ws, c.pEvap, c.pCond, c.tEvapK, c.tCondK, m, 5, 0, c.hVapCond, c.hVapEvap, 0, 0);
+    const double p = kv::CompressionPower(
+        ws, {.pLow = c.pEvap, .pHigh = c.pCond, .tLowK = c.tEvapK, .tHighK = c.tCondK, .massFlow = m,
+             .hHighVap = c.hVapCond, .hLowVap = c.hVapEvap});
     EXPECT_EQ(p, c.pShaft);
     EXPECT_GT(p, 2.5);  // COP of such a cycle lies near 3
     EXPECT_LT(p, 5.0);
@@ -124,8 +126,9 @@ TEST_F(StatePoints, PowerMassFlowAndTheSecondPass) {
     EXPECT_GT(c.etaIsRatio, 0);
 
     // A negative first power goes on with 10 kW in the second pass.
-    const double e = kv::CompressionPower(ws, c.pEvap, c.pCond, c.tEvapK, c.tCondK, -0.05, 5, 0, c.hVapCond, c.hVapEvap,
-                                          70, 1);
+    const double e = kv::CompressionPower(
+        ws, {.pLow = c.pEvap, .pHigh = c.pCond, .tLowK = c.tEvapK, .tHighK = c.tCondK, .massFlow = -0.05,
+             .hHighVap = c.hVapCond, .hLowVap = c.hVapEvap, .tDischargeC = 70, .mode = 1});
     EXPECT_NEAR(e, c.pShaft * 0.93 * kv::MotorLossFactor(2, 10) / 0.9, 1e-9);
 }
 

@@ -227,7 +227,7 @@ DiagramWindow OpenDiagramWindow(Workspace& ws, std::string_view evaporationText)
     const int tmax = limits.tmax;
 
     w.guard = true;
-    // 1: the temperatures from the working state, or from the project's
+    // The temperatures from the working state, or from the project's
     // fields before a calculation has set it.
     const CycleState& cs = ws.cycle;
     const int t0 = cs.tEvapK > 0 ? IntPart(cs.tEvapK - kKelvin) : IntPart(ToNumber(ws.project.Tver).value);
@@ -235,7 +235,7 @@ DiagramWindow OpenDiagramWindow(Workspace& ws, std::string_view evaporationText)
     Fill(w[TrimField::Evaporating], ScrollText(t0), tmin, std::max(tmin + 1, std::min(tmax - 5, 30)));
     Fill(w[TrimField::Condensing], ScrollText(tc), tmin + 5, tmax);
 
-    // 2: superheats and subcooling from "SubAct.dat"; line 4, the step of the
+    // Superheats and subcooling from "SubAct.dat"; line 4, the step of the
     // inner heat exchanger, fills its field.
     const std::vector<std::string> aux = ReadAuxiliaryValues(ws);
     std::string shEvap = aux[0], shLine = aux[1];
@@ -252,7 +252,7 @@ DiagramWindow OpenDiagramWindow(Workspace& ws, std::string_view evaporationText)
     Fill(w[TrimField::Subcooling], aux[2], 0, 30);
     Fill(w[TrimField::SubcoolingIhx], aux[3], 0, 30);
 
-    // 3: the high side and the intermediate pressure of the CO2 modes.
+    // The high side and the intermediate pressure of the CO2 modes.
     const double pGc = cs.pTranscritical > 0 ? cs.pTranscritical : 95.0;
     Fill(w[TrimField::GasCoolerPressure], NumberText(pGc), 74, 150);
     Fill(w[TrimField::IntermediatePressure], NumberText(cs.pIntermediate), 1, 100);
@@ -395,8 +395,9 @@ DiagramCycle ComputeDiagramCycle(Workspace& ws, const TrimValues& tr, bool co2Mo
     const double hVapCond = cs.hVapCond, hVapEvap = cs.hVapEvap;
     c.q0 = q0;
     const double m = MassFlow(ws, 0.01, q0);
-    c.power = CompressionPower(ws, pEvap, pCond, tEvapK, tCondK, m, tr.superheatEvap, tSuction, hVapCond, hVapEvap,
-                               c.tDischargeC, 0);
+    c.power = CompressionPower(ws, {.pLow = pEvap, .pHigh = pCond, .tLowK = tEvapK, .tHighK = tCondK, .massFlow = m,
+                                    .tSuctionC = tSuction, .hHighVap = hVapCond, .hLowVap = hVapEvap,
+                                    .tDischargeC = c.tDischargeC});
     c.eer = c.power > 0 && std::isfinite(c.power) ? std::trunc(q0 / c.power * 100 + 1e-9) / 100 : 0.0;
 
     // The intermediate level: the two-stage plants take it from the
@@ -547,7 +548,7 @@ DrawingList Play_DiaG(Workspace& ws, DiagramWindow& w) {
     w.figures = {};
     w.readout.visible = false;
 
-    // 1: the trim values. 2: the table file.
+    // The trim values. 2: the table file.
     const TrimValues trim = ReadTrimValues(w);
     const std::string fluid(Trim(ws.project.KaelteM));
     w.fluid = fluid;
@@ -573,11 +574,11 @@ DrawingList Play_DiaG(Workspace& ws, DiagramWindow& w) {
     if (!Trim(ws.project.ProjektNam).empty()) title += "   " + std::string(Trim(ws.project.ProjektNam));
     d.Text(kWidth / 2, 15, title, Font(ws, 11, true), kBlack, HAlign::Centre, VAlign::Baseline);
 
-    // 6, 7: axes, grid and the saturation lines.
+    // Axes, grid and the saturation lines.
     DrawAxes(d, ws, s, w.inchUnits);
     DrawSaturation(d, ws, s, table.rows);
 
-    // 8, 9: the cycle at the trim values, in blue.
+    // The cycle at the trim values, in blue.
     double q0 = saved.Q0;
     if (!(q0 > 0)) q0 = ToNumber(ws.project.Leistung).value;
     if (!(q0 > 0)) q0 = 0.75 * ToNumber(ws.project.HeizL).value;  // the kernel's first estimate
@@ -587,7 +588,7 @@ DrawingList Play_DiaG(Workspace& ws, DiagramWindow& w) {
     const DiagramCycle& c = w.cycle;
     DrawCycle(d, ws, s, c);
 
-    // 10: the figures, except for the diagnostics use.
+    // The figures, except for the diagnostics use.
     if (c.valid && Upper(ws.project.AnlagenTyp) != "DIAG") {
         DiagramFigures& f = w.figures;
         f.EER_ACT = CutFixed(c.eer, 2);

@@ -17,6 +17,7 @@
 #include "refrigerant/registry.h"
 #include "refrigerant/saturation.h"
 #include "refrigerant/state_points.h"
+#include "shell/file_memory.h"
 #include "shell/files.h"
 #include "shell/numbers.h"
 #include "shell/settings.h"
@@ -92,8 +93,9 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     Project& p = ws.project;
     CycleState& c = ws.cycle;
     const Captions& cap = ws.captions;
+    const CalculationRound round(ws);  // a file changed since the last run is read anew
 
-    // 1, 2: the stored sizes are offered on the first calculation of a
+    // The stored sizes are offered on the first calculation of a
     // screen opening only; a size moved by hand keeps all sizes for this run.
     if (s.keepSizesOnce) {
         c.diametersFixed = true;
@@ -106,12 +108,12 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         }
     }
 
-    // 3: the swept volume and the diameters kept by the check boxes.
+    // The swept volume and the diameters kept by the check boxes.
     double kompHub = 0.0;
     if (s.cConstant) c.diametersFixed = true;
     if (s.Hubconstant) kompHub = s.savedKompHub;
 
-    // 4, 5: the working files of the run; the inputs.
+    // The working files of the run; the inputs.
     for (const char* f : {"SP_TempD.dat", "SP_TempS.dat"})
         if (FileLength(ws, f) > 0) OpenOut(ws, f).Close();
     p.CalcState = 77;
@@ -132,7 +134,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     const LineData lines = ReadLineData(ws, aux);
     const LineLimits& lim = lines.limits;
 
-    // 6, 7: superheat, subcooling, the real-gas factor of the drive.
+    // Superheat, subcooling, the real-gas factor of the drive.
     p.SuperheatEvap = superheatEvap;
     c.superheatEvap = superheatEvap;
     double tSuction = t0 + superheatEvap + superheatLine;
@@ -147,7 +149,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     const bool eco = p.EcoFlag == 1;
     if (ihx && !eco) subcooling += ihxStep;
 
-    // 8: the pipe table of the project.
+    // The pipe table of the project.
     if (!EqualsNoCase(ws.pipes.file, p.RohrDatei) || ws.pipes.PipeRowCount == 0) LoadPipeTable(ws, p.RohrDatei);
     for (int i = 1; i <= 8; ++i) s.lines[static_cast<std::size_t>(i)].maxRow = ws.pipes.PipeRowCount;
     if (!PipeTableUsable(ws)) return StopRun(ws);
@@ -156,7 +158,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     // project gives one; else the state points take 95 bar.
     if (const double pGas = Num(p.P_gasK); pGas > 0) c.pTranscritical = pGas;
 
-    // 9: the state points.
+    // The state points.
     if (!CycleStatePoints(ws, t0, tc, tSuction, subcooling)) {
         std::string file;
         ResolveRefrigerantTable(p, file);
@@ -170,7 +172,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         return false;
     }
 
-    // 10: the inner heat exchanger warms the suction gas.
+    // The inner heat exchanger warms the suction gas.
     if (ihx) {
         const double tOld = tSuction;
         tSuction = t0 + superheatEvap + superheatLine + (c.cpLiquid / c.cpVapEvap) * ihxStep;
@@ -178,26 +180,27 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     }
     c.tSuctionC = tSuction;
 
-    // 11: the pressures with their psi.
+    // The pressures with their psi.
     s.po = CutText(c.pEvap, 2);
     s.pc = CutText(c.pCond, 2);
     s.p0psi = "(" + CutText(c.pEvap * 14.504, 1) + "psi a)";
     s.pcpsi = "(" + CutText(c.pCond * 14.504, 1) + "psi a)";
 
-    // 12: suction density at the compressor.
+    // Suction density at the compressor.
     c.rhoSuction *= 1 - (tSuction - t0) / 1500;
     c.rhoAfterDrop = c.rhoSuction * (c.pEvap - c.dpdtEvap) / c.pEvap;
 
-    // 13, 14: a first estimate of the capacities.
+    // A first estimate of the capacities.
     c.Q0 = 0.75 * Qh;
     c.massFlow = MassFlow(ws, c.massFlow, c.Q0);
-    double P = CompressionPower(ws, c.pEvap, c.pCond, c.tEvapK, c.tCondK, c.massFlow, superheatEvap, tSuction,
-                                c.hVapCond, c.hVapEvap, 0, 0);
+    double P = CompressionPower(ws, {.pLow = c.pEvap, .pHigh = c.pCond, .tLowK = c.tEvapK, .tHighK = c.tCondK,
+                                     .massFlow = c.massFlow, .tSuctionC = tSuction, .hHighVap = c.hVapCond,
+                                     .hLowVap = c.hVapEvap});
     AnnualFiguresWith(ws, s, P, energy);
     c.Q0 = RefrigeratingCapacity(Qh, P != 0.0 ? c.Q0 / P : 0.0);
     s.Q0 = CutText(c.Q0, 2);
 
-    // 15, 16: the passes.
+    // The passes.
     c.dpSuction = c.dpDischarge = c.dpLiquid = 0.0;
     const SizingRules rules = MakeSizingRules(ws);
     const auto& run = lines.run;
@@ -206,14 +209,15 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     bool firstVolume = true;
     const SaturationTable* satTable = nullptr;  // fetched once for the intermediate level
     for (int pass = 0; pass < 11; ++pass) {
-        // a
+        // The economizer's share starts afresh; mass flow and the enthalpies
+        // at evaporator outlet and expansion valve inlet follow the capacity.
         c.ecoHeat = c.ecoMass = 0.0;
         c.ecoFactor = 1.0;
         c.massFlow = MassFlow(ws, c.massFlow, c.Q0);
         h1 = c.hVapEvap + superheatEvap * c.cpVapEvap;
         h4 = c.hLiqCond - c.cpLiquid * (eco ? c.ecoSubcooling : subcooling);
 
-        // b: a kept swept volume sets the capacity.
+        // A kept swept volume sets the capacity.
         if (kompHub > 0) {
             const double pi = (c.pCond + c.dpDischarge / 1000) / (c.pEvap - c.dpSuction / 1000);
             const double V = kompHub;
@@ -239,17 +243,17 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
             if (mode != AnnualHour) s.Qh = CutText(Qh, 2);
         }
 
-        // c, d
+        // Vapour quality at the evaporator inlet and the mass flow shown.
         c.qualityInlet = std::fabs((c.hLiqEvap - h4) / (c.hLiqEvap - c.hVapEvap));
         s.MstrLab = CutText(c.massFlow, 3);
 
-        // e: vapour viscosities corrected for density; the correction
+        // Vapour viscosities corrected for density; the correction
         // compounds over the passes.
         c.etaVapEvap *= 1 + 0.00183 * (c.rhoVapEvap - 6);
         c.etaVapSuction *= 1 + 0.00183 * (c.rhoSuction - 6);
         c.etaVapDischarge *= 1 + 0.00183 * (c.rhoDischarge - 6);
 
-        // f: discharge temperature, one stage or two around the intermediate level.
+        // Discharge temperature, one stage or two around the intermediate level.
         double t2C;
         if (eco) {
             c.pIntermediate = std::pow(c.pCond * c.pEvap, 0.45);
@@ -267,7 +271,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         s.TsLeit = CutText(tSuction, 1) + kDegreeSuffix;
         s.tEnd = CutText(t2C, 0) + kDegreeSuffix;
 
-        // g: injection line, per branch.
+        // Injection line, per branch.
         const TwoPhaseFlow injection{c.massFlow, c.rhoLiqEvap, c.rhoVapEvap, VapourViscosityPaS(c.etaVapEvap),
                                      c.etaLiqEvap, c.qualityInlet};
         const LineResult inj = SizeInjectionLine(rules, injection, p.ParallelInjection, run[Injection],
@@ -276,7 +280,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         ShowLine(ws, s, Injection, inj, run[Injection].length, true, false);
         s.lines[Injection].lossK = inj.sized ? CutText(inj.lossK, 2) + " x" + std::to_string(p.ParallelInjection) : "";
 
-        // h: suction line.
+        // Suction line.
         const SingleFlow suction{c.massFlow, c.rhoSuction, VapourViscosityPaS(c.etaVapSuction)};
         const LineResult suc = SizeSuctionLine(rules, suction, run[Suction], lim.wSuction, lim.maxDtSuction,
                                                c.dpdtEvap, c.pEvap);
@@ -291,7 +295,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
                                                   : c.rhoSuction * (c.pEvap - c.dpSuction / 1000) / c.pEvap;
         }
 
-        // j: discharge line.
+        // Discharge line.
         const SingleFlow discharge{c.massFlow, c.rhoDischarge, VapourViscosityPaS(c.etaVapDischarge)};
         const LineResult dis = SizeDischargeLine(rules, discharge, run[Discharge], lim.wDischarge,
                                                  lim.maxDtDischarge, c.dpdtEvap, c.dpdtRatio);
@@ -299,27 +303,27 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         ShowLine(ws, s, Discharge, dis, run[Discharge].length, true, true);
         if (dis.sized) c.dpDischarge = dis.lossMbar;
 
-        // i: the red checks of suction and discharge line.
+        // The red checks of suction and discharge line.
         MarkLineLimits(c, lim);
 
-        // k: the swept volume the plant demands.
+        // The swept volume the plant demands.
         if (c.rhoAfterDrop > 0) {
             const double V = 3600 * c.massFlow / c.rhoAfterDrop;
             const double lambda = VolumetricEfficiency(ws, c.pCond, c.dpDischarge, c.pEvap, c.dpSuction, V);
             c.requiredSweptVolume = lambda != 0.0 ? V / lambda : 0.0;
         }
-        // l: the compressor label.
+        // The compressor label.
         if (mode != Silent) {
             const std::string principle = p.KondArt == 1   ? cap[Cap::CompressorKindFirst]
                                           : p.KondArt == 2 ? cap[Cap::CompressorKindSecond]
                                                            : std::string("Scroll");
             s.PN50_l = CutText(c.requiredSweptVolume, 2) + " m\u00b3/h : " + principle;
         }
-        // m: a kept swept volume ends the passes once it is met.
+        // A kept swept volume ends the passes once it is met.
         if (std::fabs(c.requiredSweptVolume - kompHub) <= 0.02) break;
     }
 
-    // 17: liquid line with the side stream of the economizer.
+    // Liquid line with the side stream of the economizer.
     const SingleFlow liquid{c.massFlow + (eco ? c.ecoMass : 0.0), c.rhoLiqCond, c.etaLiqCond};
     const LineResult liq = SizeLiquidLine(rules, liquid, run[Liquid], lim.wLiquid, lim.maxDtLiquid, c.dpdtEvap,
                                           c.dpdtRatio);
@@ -327,7 +331,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     ShowLine(ws, s, Liquid, liq, run[Liquid].length, true, true);
     c.dpLiquid = liq.sized ? liq.lossMbar : 0.0;
 
-    // 18: condensate line, condenser to receiver.
+    // Condensate line, condenser to receiver.
     const double rhoCondensate = CondenserLineDensity(p.FlashText, lim.wCondensate, c.rhoLiqCond, c.rhoVapCond,
                                                       p.FloodedCondenser == 1, cap[Cap::AutoWord]);
     const SingleFlow condensate{c.massFlow, rhoCondensate, c.etaLiqCond};
@@ -337,7 +341,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     ShowLine(ws, s, Condensate, con, run[Condensate].length, true, true);
     if (con.sized) c.dpLiquid += con.lossMbar;
 
-    // 19: hot-gas bypass.
+    // Hot-gas bypass.
     c.bypassMass = 0.0;
     if (run[HotGasBypass].length > 0) {
         const HotGasBypassFlow bypass{c.massFlow, lines.bypassKind, p.PartLoadPercent, c.rhoDischarge,
@@ -350,7 +354,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         c.bypassMass = ((100 - share) / 100) * c.massFlow;
     }
 
-    // 20: economizer lines.
+    // Economizer lines.
     if (eco) {
         s.ECOWTPN = CutText(c.ecoHeat, 2);
         const SingleFlow ecoLiquid{c.ecoMass, c.rhoLiqCond, c.etaLiqCond};
@@ -372,10 +376,10 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     }
     MarkLineLimits(c, lim);
 
-    // 21
+    // The inlet quality shown.
     s.xDampf = CutText(c.qualityInlet, 2);
 
-    // 22: the final power, with the line losses.
+    // The final power, with the line losses.
     const double pLow = c.pEvap - c.dpSuction / 1000, pHigh = c.pCond + c.dpDischarge / 1000;
     if (eco) {
         // Two stages around the intermediate level; the state of the main
@@ -384,8 +388,10 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
         const CycleState saved = c;
         double sc = subcooling;
         CycleStatePoints(ws, t0, c.tIntermediate, tSuction, sc);
-        const double p1 = CompressionPower(ws, pLow, c.pIntermediate, c.tEvapK, c.tIntermediate + 273.15,
-                                           c.massFlow, superheatEvap, tSuction, c.hVapCond, c.hVapEvap, tLow, 0);
+        const double p1 = CompressionPower(
+            ws, {.pLow = pLow, .pHigh = c.pIntermediate, .tLowK = c.tEvapK, .tHighK = c.tIntermediate + 273.15,
+                 .massFlow = c.massFlow, .tSuctionC = tSuction, .hHighVap = c.hVapCond, .hLowVap = c.hVapEvap,
+                 .tDischargeC = tLow});
         const double e1 = c.etaIsRatio;
         const double mix = (c.massFlow + saved.ecoMass) != 0.0
                                ? (7 * saved.ecoMass + c.massFlow * (tLow - saved.tIntermediate)) /
@@ -393,9 +399,10 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
                                : 0.0;
         const double tMid = saved.tIntermediate;
         CycleStatePoints(ws, tMid, tc, tMid + mix, sc);
-        const double p2 = CompressionPower(ws, saved.pIntermediate, pHigh, tMid + 273.15, c.tCondK,
-                                           saved.massFlow + saved.ecoMass, superheatEvap, tMid + mix, c.hVapCond,
-                                           c.hVapEvap, 0, 0);
+        const double p2 = CompressionPower(
+            ws, {.pLow = saved.pIntermediate, .pHigh = pHigh, .tLowK = tMid + 273.15, .tHighK = c.tCondK,
+                 .massFlow = saved.massFlow + saved.ecoMass, .tSuctionC = tMid + mix, .hHighVap = c.hVapCond,
+                 .hLowVap = c.hVapEvap});
         const double e2 = c.etaIsRatio;
         c = saved;
         c.pEvap = savedP;
@@ -412,9 +419,10 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
                                              c.tIntermediate + mixShown + 273.15, c.kappa * 1.028) -
                         273.15;
     } else {
-        CompressionPower(ws, pLow, pHigh, c.tEvapK, c.tCondK, c.massFlow + c.bypassMass, superheatEvap, tSuction,
-                         c.hVapCond, c.hVapEvap, 0, 0);
-        // 24: the discharge temperature shown.
+        CompressionPower(ws, {.pLow = pLow, .pHigh = pHigh, .tLowK = c.tEvapK, .tHighK = c.tCondK,
+                              .massFlow = c.massFlow + c.bypassMass, .tSuctionC = tSuction, .hHighVap = c.hVapCond,
+                              .hLowVap = c.hVapEvap});
+        // The discharge temperature shown.
         double tIn = tSuction + 273.15;
         double kappa = c.kappa;
         if (p.SecondCycle == 1) {
@@ -425,7 +433,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     }
     s.tEnd = CutText(c.tDischargeC, 0) + kDegreeSuffix;
 
-    // 23, 25, 26: figures of merit and the power.
+    // Figures of merit and the power.
     c.Qh = mode == AnnualHour ? c.Qh : Qh;
     AnnualFiguresWith(ws, s, c.pShaft, energy);
     if (mode != AnnualHour && !ResultsFinite(ws)) return StopRun(ws);
@@ -449,7 +457,7 @@ bool CalculateCycle(Workspace& ws, SchemeScreen& s, int mode) {
     // The same cycle from the reference equation of state, beside the figures.
     ShowReferenceCheck(ws, s, t0, tc, superheatEvap + superheatLine, subcooling);
 
-    // 27
+    // The run is done: the record is no longer busy, the figures count.
     p.CalcState = 1;
     c.diametersFixed = false;
     c.valid = true;

@@ -19,7 +19,7 @@ ReferenceCycle ComputeReferenceCycle(const SuperheatTable& table, const Referenc
     r.etaIs = in.etaIs;
     if (!table.present || !(in.etaIs > 0.05 && in.etaIs <= 1.0)) return r;
 
-    // 1: suction, the superheat counted from the dew point at p0.
+    // Suction, the superheat counted from the dew point at p0.
     SuperheatSatRow low, high;
     if (!SaturationAtMean(table, in.t0C, low)) return r;
     r.p0 = low.p;
@@ -30,7 +30,7 @@ ReferenceCycle ComputeReferenceCycle(const SuperheatTable& table, const Referenc
     r.s1 = suction.s;
     r.rho1 = suction.rho;
 
-    // 3: condenser outlet, liquid subcooled below the bubble point; gas
+    // Condenser outlet, liquid subcooled below the bubble point; gas
     // cooler outlet of transcritical CO2.
     if (in.transcritical) {
         r.pc = in.pGasCooler;

@@ -61,6 +61,16 @@ void RefuseDamagedTable(SaturationTable& table, std::string_view fileName) {
     if (!table.refusal.empty()) table.rows.clear();
 }
 
+// The step of an even temperature grid, 0 when the rows are not on one.
+double GridStep(const std::vector<SatRow>& rows) {
+    if (rows.size() < 2) return 0.0;
+    const double step = rows[1].t - rows[0].t;
+    if (!(step > 0)) return 0.0;
+    for (std::size_t i = 2; i < rows.size(); ++i)
+        if (std::fabs(rows[i].t - rows[i - 1].t - step) > 1e-6 * step) return 0.0;
+    return step;
+}
+
 }  // namespace
 
 SaturationTable ParseSaturationTable(std::string_view text, std::string_view fileName) {
@@ -87,6 +97,7 @@ SaturationTable ParseSaturationTable(std::string_view text, std::string_view fil
         table.rows.push_back(r);
     }
     RefuseDamagedTable(table, fileName);
+    table.gridStep = GridStep(table.rows);
     return table;
 }
 
@@ -108,16 +119,23 @@ SupercriticalTable ParseSupercriticalTable(std::string_view text) {
 template <class Table, class Parse>
 const Table& PropertyCache::Get(std::map<std::string, Entry<Table>>& entries, const fs::path& dataDir,
                                 const std::string& fileName, Parse parse) {
-    Entry<Table>& e = entries[(dataDir / fileName).string()];
+    return Refresh(entries[(dataDir / fileName).string()], dataDir, fileName, parse);
+}
+
+template <class Table, class Parse>
+const Table& PropertyCache::Refresh(Entry<Table>& e, const fs::path& dataDir, const std::string& fileName,
+                                    Parse parse) {
+    if (e.loaded && e.checkedRound == round_ && !rereadEveryLookUp) return e.table;
+    if (rereadEveryLookUp) e.loaded = false;
     std::error_code ec;
-    // The time of the last write alone: one look at the file system per
-    // look-up, and every save of a table moves it.
+    // The time of the last write alone: every save of a table moves it.
     auto stampOf = [&ec](const fs::path& p) {
         Stamp s;
         s.time = fs::last_write_time(p, ec);
         if (ec) return Stamp{};
         return s;
     };
+    e.checkedRound = round_;
     if (e.loaded) {
         const Stamp now = stampOf(e.path);
         if (!ec && now == e.stamp) return e.table;
@@ -130,8 +148,15 @@ const Table& PropertyCache::Get(std::map<std::string, Entry<Table>>& entries, co
 }
 
 const SaturationTable& PropertyCache::Saturation(const fs::path& dataDir, const std::string& fileName) {
-    return Get(saturation_, dataDir, fileName,
-               [&fileName](const std::string& text) { return ParseSaturationTable(text, fileName); });
+    const auto parse = [&fileName](const std::string& text) { return ParseSaturationTable(text, fileName); };
+    if (lastSat_.entry && fileName == lastSatFile_ && dataDir.native() == lastSatDir_)
+        return Refresh(*lastSat_.entry, dataDir, fileName, parse);
+    // Entries of a map stay where they are while others are added.
+    Entry<SaturationTable>& e = saturation_[(dataDir / fileName).string()];
+    lastSat_.entry = &e;
+    lastSatDir_ = dataDir.native();
+    lastSatFile_ = fileName;
+    return Refresh(e, dataDir, fileName, parse);
 }
 
 const SupercriticalTable& PropertyCache::Supercritical(const fs::path& dataDir, const std::string& fileName) {
@@ -149,6 +174,7 @@ const SuperheatTable& PropertyCache::Superheat(const std::string& dataDir, const
 }
 
 void PropertyCache::Clear() {
+    lastSat_.entry = nullptr;
     saturation_.clear();
     supercritical_.clear();
     superheat_.clear();

@@ -1,7 +1,9 @@
 // The parsed property tables of the data directory. A calculation makes
-// dozens of look-ups; the rows of each file are parsed once and kept until
-// the file changes on disk (the time of its last write), so no calculation re-reads a
-// table while an edited table is still seen at the next look-up.
+// dozens of look-ups; the rows of each file are parsed once and held in the
+// workspace. Whether a file changed on disk (the time of its last write) is
+// asked once per calculation, or after the program itself wrote a file of
+// the workspace, never on each look-up: an edited table is seen by the next
+// calculation.
 #pragma once
 
 #include <cstdint>
@@ -21,6 +23,9 @@ namespace kv {
 struct SaturationTable {
     std::vector<SatRow> rows;
     bool terminated = false;  // the file ended in a terminator row
+    // The temperature step when every row is that far from the one before
+    // (5 K in the factory tables), else 0: a look-up computes its row.
+    double gridStep = 0.0;
     bool present = false;     // the file exists and has content
     // Why the table was refused (no rows then): longer than any real table
     // or its temperatures not rising. Empty for a table in use.
@@ -63,6 +68,13 @@ public:
     const SuperheatTable& Superheat(const std::string& dataDir, const std::string& fileName);
     // Forgets everything: the next look-ups read the files anew.
     void Clear();
+    // The files may have changed: the next look-up of each table asks the
+    // file system once for its time of last write. A calculation begins
+    // with this; a write through the file routines does it as well.
+    void LookAgain() const { ++round_; }
+    // Every look-up opens and parses its file anew, as the tables were read
+    // before they were held: only for measuring what holding them saves.
+    bool rereadEveryLookUp = false;
 
 private:
     struct Stamp {
@@ -75,14 +87,32 @@ private:
         Stamp stamp;
         Table table;
         bool loaded = false;
+        unsigned long long checkedRound = 0;  // the round in which the stamp was last asked
     };
     template <class Table, class Parse>
     const Table& Get(std::map<std::string, Entry<Table>>& entries, const std::filesystem::path& dataDir,
                      const std::string& fileName, Parse parse);
+    template <class Table, class Parse>
+    const Table& Refresh(Entry<Table>& entry, const std::filesystem::path& dataDir, const std::string& fileName,
+                         Parse parse);
 
     std::map<std::string, Entry<SaturationTable>> saturation_;
     std::map<std::string, Entry<SupercriticalTable>> supercritical_;
     std::map<std::string, SuperheatTable> superheat_;
+    mutable unsigned long long round_ = 1;
+    // The saturation table asked for last, found without building its path.
+    // A copy or a move starts without it: it points into the map it came from.
+    struct LastHit {
+        Entry<SaturationTable>* entry = nullptr;
+        LastHit() = default;
+        LastHit(const LastHit&) {}
+        LastHit& operator=(const LastHit&) {
+            entry = nullptr;
+            return *this;
+        }
+    };
+    std::string lastSatDir_, lastSatFile_;
+    LastHit lastSat_;
 };
 
 }  // namespace kv

@@ -1,5 +1,7 @@
 #include "refrigerant/saturation.h"
 
+#include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "refrigerant/registry.h"
@@ -16,16 +18,53 @@ const SaturationTable* ProjectSaturationTable(Workspace& ws, int* rowHint) {
     return t.present && !t.rows.empty() ? &t : nullptr;
 }
 
+namespace {
+
+// The first row at or above `key` in temperature (rows.size() when none).
+// The factory tables step 5 K: the index is computed from the first row and
+// the step, then moved to the exact row; another table is searched by halves.
+std::size_t FirstRowAtOrAbove(const SaturationTable& table, double key) {
+    const std::vector<SatRow>& rows = table.rows;
+    const std::size_t n = rows.size();
+    if (n == 0 || !(key > rows.front().t)) return 0;
+    if (!(key <= rows.back().t)) return n;  // also a key that is not a number
+    std::size_t i;
+    if (table.gridStep > 0) {
+        const double guess = std::ceil((key - rows.front().t) / table.gridStep);
+        i = guess <= 0 ? 0 : guess >= static_cast<double>(n) ? n - 1 : static_cast<std::size_t>(guess);
+    } else {
+        i = static_cast<std::size_t>(
+            std::partition_point(rows.begin(), rows.end(), [key](const SatRow& r) { return r.t < key; }) -
+            rows.begin());
+    }
+    while (i > 0 && rows[i - 1].t >= key) --i;
+    while (i < n && rows[i].t < key) ++i;
+    return i;
+}
+
+}  // namespace
+
 void ScanSaturationRows(const SaturationTable& table, double key, int mode, CycleState& cs) {
-    for (SatRow row : table.rows) {
-        if (mode == ByDewPressure) std::swap(row.t, row.pDew);
-        else if (mode == ByBubblePressure) std::swap(row.t, row.pBubble);
-        if (cs.highFound) continue;  // read on to the end without change
-        if (row.t < key) {
-            cs.lowRow = row;
-        } else {
-            cs.highRow = row;
+    if (!cs.highFound && mode == ByTemperature) {
+        // The rows rise in temperature (a table that does not is refused):
+        // the last row below the key and the first at or above it.
+        const std::size_t i = FirstRowAtOrAbove(table, key);
+        if (i > 0) cs.lowRow = table.rows[i - 1];
+        if (i < table.rows.size()) {
+            cs.highRow = table.rows[i];
             cs.highFound = true;
+        }
+    } else if (!cs.highFound) {
+        for (SatRow row : table.rows) {
+            if (mode == ByDewPressure) std::swap(row.t, row.pDew);
+            else if (mode == ByBubblePressure) std::swap(row.t, row.pBubble);
+            if (row.t < key) {
+                cs.lowRow = row;
+            } else {
+                cs.highRow = row;
+                cs.highFound = true;
+                break;
+            }
         }
     }
     // A table that ends at its terminator row leaves the flags as the scan

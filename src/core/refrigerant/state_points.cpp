@@ -112,7 +112,7 @@ bool CycleStatePoints(Workspace& ws, double tEvapC, double tCondC, double tSucti
         ScanSupercritical(*super, cs, tK, pTarget, selector);
     };
 
-    // 1, 2: the evaporating level.
+    // The evaporating level.
     cs.tEvapK = tEvapC + 273.15;
     cs.tCondK = tCondC + 273.15;
     double f = L.At(cs.tEvapK);
@@ -124,7 +124,7 @@ bool CycleStatePoints(Workspace& ws, double tEvapC, double tCondC, double tSucti
     cs.rhoLiqEvap = L.Col(6, f);
     cs.rhoSuction = cs.rhoVapEvap * cs.tEvapK / (tSuctionC + 273.15);
 
-    // 3: CO2 close to and above its critical point is transcritical.
+    // CO2 close to and above its critical point is transcritical.
     bool transcritical = false;
     if (co2) {
         if (cs.tCondK > 303.15 && cs.tCondK < kCriticalCo2K) cs.tCondK = kCriticalCo2K;
@@ -138,12 +138,12 @@ bool CycleStatePoints(Workspace& ws, double tEvapC, double tCondC, double tSucti
     double tPlus1 = cs.tEvapK + 1;
     double pCondBefore = cs.pCond;
     if (!transcritical) {
-        // 4: 5 K below the condensing level, for the liquid's specific heat.
+        // 5 K below the condensing level, for the liquid's specific heat.
         f = L.At(cs.tCondK - 5);
         double hLiq5 = L.Col(4, f);
         const double p1 = L.Col(2, f);
         const double p2 = L.Col(3, f);
-        // 5: the condensing level.
+        // The condensing level.
         f = L.At(cs.tCondK);
         cs.pCond = L.Col(2, f);
         const double p2c = L.Col(3, f);
@@ -151,10 +151,10 @@ bool CycleStatePoints(Workspace& ws, double tEvapC, double tCondC, double tSucti
         cs.hVapCond = L.Col(5, f);
         cs.rhoVapCond = L.Col(7, f);
         cs.rhoLiqCond = L.Col(6, f);
-        // 6: half the vapour-free share at the evaporator inlet.
+        // Half the vapour-free share at the evaporator inlet.
         const double x = ((cs.hVapEvap - cs.hLiqCond) / (cs.hVapEvap - cs.hLiqEvap)) / 2;
         pCondBefore = cs.pCond;
-        // 7: glide correction of blends.
+        // Glide correction of blends.
         if (cs.pEvap != cs.pEvapBubble) {
             const double pm = p1 + std::fabs(p1 - p2) / 2;
             f = L.At(pm, ByBubblePressure);
@@ -169,7 +169,7 @@ bool CycleStatePoints(Workspace& ws, double tEvapC, double tCondC, double tSucti
             cs.hVapEvap = L.Col(5, f);
             tPlus1 = L.Col(2, f) + 1;  // the temperature stands in the swapped column
         }
-        // 8: liquid specific heat over the last 5 K of condensation.
+        // Liquid specific heat over the last 5 K of condensation.
         cs.cpLiquid = std::fabs(cs.hLiqCond - hLiq5) / 5;
     }
 
@@ -187,10 +187,10 @@ bool CycleStatePoints(Workspace& ws, double tEvapC, double tCondC, double tSucti
     const double t2 = DischargeTemperature(ws, 10, cs.pEvap, cs.pCond, tSuctionC + 273.15, cs.kappa);
     EvaluateCorrelations(cs, fluid, cs.tCondK, t2, t2, tSuctionC);
     cs.tDischargeC = t2 - 273.15;
-    // 15: discharge gas density.
+    // Discharge gas density.
     cs.rhoDischarge = cs.rhoVapCond * cs.tCondK / (t2 * cs.realGasFactor);
 
-    // 16: the high side of CO2.
+    // The high side of CO2.
     if (co2) {
         if (cs.tCondK >= kCriticalCo2K) {
             scan(t2, cs.pTranscritical, 2);
@@ -247,16 +247,15 @@ double DischargeTemperature(Workspace& ws, double powerKw, double pLow, double p
     return t2a - y;
 }
 
-double CompressionPower(Workspace& ws, double pLow, double pHigh, double tLowK, double tHighK, double massFlow,
-                        double /*superheat*/, double tSuctionC, double hHighVap, double hLowVap, double tDischargeC,
-                        int mode) {
+double CompressionPower(Workspace& ws, const CompressionInput& in) {
+    const auto [pLow, pHigh, tLowK, tHighK, massFlow, tSuctionC, hHighVap, hLowVap, tDischargeC, mode] = in;
     CycleState& cs = ws.cycle;
     double pk = UpperAscii(ws.project.AnlagenTyp) == "DIAG" ? ToNumber(ws.project.DiagPower).value : 0.0;
     const bool twoPass = pk == 0.0;
     if (twoPass) pk = 5;
     double t2C = 0.0, hs = 0.0, w = 0.0;
     for (int pass = 0; pass < 2; ++pass) {
-        // 2: the discharge temperature at the assumed power.
+        // The discharge temperature at the assumed power.
         if (mode == 0) t2C = DischargeTemperature(ws, pk, pLow, pHigh, tSuctionC + 273.15, cs.kappa) - 273.15;
         else t2C = tDischargeC;
         // 3 to 5: suction and discharge enthalpies, shaft and reference power.
@@ -264,7 +263,7 @@ double CompressionPower(Workspace& ws, double pLow, double pHigh, double tLowK, 
         const double hd = hHighVap + cs.cpVapDischarge * (t2C - (tHighK - 273.15));
         cs.pShaft = massFlow * (hd - hs);
         w = massFlow * ((hHighVap + cs.cpVapDischarge * (cs.tDischargeAlt - tHighK)) - hs);
-        // 6: transcritical CO2 takes the enthalpy of the supercritical table.
+        // Transcritical CO2 takes the enthalpy of the supercritical table.
         if ((ws.project.Co2Mode == 1 || ws.project.Co2Mode == 2) && IsCo2(ws.project.KaelteM) &&
             cs.tCondK >= kCriticalCo2K) {
             SupercriticalScan(ws, t2C + 273.15, cs.pCond, 2);
@@ -272,7 +271,7 @@ double CompressionPower(Workspace& ws, double pLow, double pHigh, double tLowK, 
             const double span = t2C + 273.15 - cs.tCondK;
             w = span != 0.0 ? cs.pShaft * (cs.tDischargeAlt - cs.tCondK) / span : cs.pShaft;
         }
-        // 7: a second pass at the power found.
+        // A second pass at the power found.
         if (!twoPass || pass == 1) break;
         if (cs.pShaft <= 0) cs.pShaft = 10;
         pk = cs.pShaft;

@@ -28,9 +28,17 @@ double MotorLossFactor(const Workspace& ws, double powerKw);
 // Compression power. Mode 0 computes the discharge temperature and returns
 // the shaft power; modes 1 and 2 take tDischargeC and return the electrical
 // input. Sets cycle.pShaft, qDesuperheat, etaIsRatio.
-double CompressionPower(Workspace& ws, double pLow, double pHigh, double tLowK, double tHighK, double massFlow,
-                        double superheat, double tSuctionC, double hHighVap, double hLowVap, double tDischargeC,
-                        int mode);
+struct CompressionInput {
+    double pLow = 0.0, pHigh = 0.0;    // suction and discharge pressure, bar
+    double tLowK = 0.0, tHighK = 0.0;  // saturation temperatures at those pressures, K
+    double massFlow = 0.0;             // kg/s
+    double tSuctionC = 0.0;            // suction gas temperature, °C
+    double hHighVap = 0.0;             // enthalpy of saturated vapour at the high level, kJ/kg
+    double hLowVap = 0.0;              // enthalpy of saturated vapour at the low level, kJ/kg
+    double tDischargeC = 0.0;          // the discharge temperature modes 1 and 2 take, °C
+    int mode = 0;
+};
+double CompressionPower(Workspace& ws, const CompressionInput& in);
 
 // Volumetric efficiency lambda at the pressures (bar) and line losses (mbar)
 // for a swept volume V (m³/h).

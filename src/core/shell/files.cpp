@@ -59,24 +59,6 @@ fs::path FindNoCase(const fs::path& dir, const std::string& part) {
     return {};
 }
 
-// Texts of small files already read, kept while the file's time of last
-// write stays. The kernel reads its few working files at every run; this
-// turns each of those reads into one look at the file's time. Every write
-// through these routines forgets the file at once.
-struct CachedText {
-    fs::file_time_type time{};
-    std::string text;
-};
-constexpr std::uintmax_t kCachedTextMax = 256u * 1024u;
-constexpr std::size_t kCachedFiles = 256;
-std::mutex cacheMutex;
-std::map<std::string, CachedText> textCache;
-
-void ForgetText(const fs::path& path) {
-    std::lock_guard<std::mutex> lock(cacheMutex);
-    textCache.erase(path.string());
-}
-
 }  // namespace
 
 fs::path ResolveName(const fs::path& dataDir, std::string_view name) {
@@ -122,7 +104,7 @@ std::uintmax_t FileLength(const fs::path& path) {
     return ec ? 0 : size;
 }
 
-std::uintmax_t FileLength(const Workspace& ws, std::string_view name) { return FileLength(ResolveName(ws, name)); }
+std::uintmax_t FileLength(const Workspace& ws, std::string_view name) { return ws.files.Look(ws, name).length; }
 
 std::string ReadWholeFile(const fs::path& path) {
     std::error_code ec;
@@ -147,8 +129,6 @@ void ClearReadOnly(const fs::path& path) {
 }
 
 WriteFailure WriteFileChecked(const fs::path& path, std::string_view content) {
-    ForgetText(path);
-    ForgetText(WriteTarget(path));
     return WriteFileSafely(path, content);
 }
 
@@ -156,23 +136,15 @@ bool WriteFileAtomic(const fs::path& path, std::string_view content) { return !W
 
 RecordReader OpenIn(const fs::path& path) {
     std::error_code ec;
-    const auto time = fs::last_write_time(path, ec);
-    if (ec) return RecordReader();
-    {
-        std::lock_guard<std::mutex> lock(cacheMutex);
-        auto it = textCache.find(path.string());
-        if (it != textCache.end() && it->second.time == time) return RecordReader(it->second.text);
-    }
-    std::string text = ReadWholeFile(path);
-    if (text.size() <= kCachedTextMax) {
-        std::lock_guard<std::mutex> lock(cacheMutex);
-        if (textCache.size() >= kCachedFiles) textCache.clear();
-        textCache[path.string()] = {time, text};
-    }
-    return RecordReader(std::move(text));
+    if (!fs::is_regular_file(path, ec)) return RecordReader();
+    return RecordReader(ReadWholeFile(path));
 }
 
-RecordReader OpenIn(const Workspace& ws, std::string_view name) { return OpenIn(ResolveName(ws, name)); }
+RecordReader OpenIn(const Workspace& ws, std::string_view name) {
+    FileMemory::Entry& e = ws.files.Look(ws, name);
+    if (!e.exists) return RecordReader();
+    return RecordReader(ws.files.Text(e));
+}
 
 OutFile::OutFile(fs::path path, Mode mode) : path_(std::move(path)), mode_(mode), open_(true) {}
 
@@ -201,7 +173,10 @@ OutFile::~OutFile() { Close(); }
 bool OutFile::Close() {
     if (!open_) return true;
     open_ = false;
-    ForgetText(path_);
+    if (ws_) {
+        ws_->files.Forget(path_);
+        ws_->properties.LookAgain();
+    }
     const std::string text = writer_.Take();
     if (mode_ == Mode::Output) {
         if (ws_ && ws_->staging) {
@@ -256,7 +231,6 @@ bool RandomFile::Get(long long number, std::string& record) const {
 
 bool RandomFile::Put(long long number, std::string_view record) {
     if (number < 1) return false;
-    ForgetText(path_);
     ClearReadOnly(path_);
     std::error_code ec;
     if (!fs::exists(path_, ec)) {
@@ -287,13 +261,14 @@ RandomFile OpenRandom(const Workspace& ws, std::string_view name, int recordLeng
 bool DeleteFile(Workspace& ws, std::string_view name) {
     const bool bare = name.find('/') == std::string_view::npos && name.find('\\') == std::string_view::npos;
     const fs::path path = ResolveName(ws, name);
+    ws.properties.LookAgain();
+    ws.files.Forget(path);
     if (ws.staging) {
         ws.staging->Remove(path);
         return true;
     }
     std::error_code ec;
     ClearReadOnly(path);
-    ForgetText(path);
     fs::remove(path, ec);
     if (!bare) return !fs::exists(path, ec);
     if (FileLength(path) == 0) return true;

@@ -165,9 +165,15 @@ long long RoundHalfEven(double value) {
     return static_cast<long long>(std::nearbyint(value));  // default mode: half to even
 }
 
+namespace {
+// The powers of ten a figure is cut to: exact in binary up to 1e22, the same
+// numbers std::pow gives, without its cost on every figure shown.
+constexpr double kPowersOfTen[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+}  // namespace
+
 double Cut(double value, int decimals) {
     if (!std::isfinite(value)) return 0.0;
-    const double f = std::pow(10.0, decimals);
+    const double f = decimals >= 0 && decimals < 16 ? kPowersOfTen[decimals] : std::pow(10.0, decimals);
     const double x = value * f;
     // 0.29 * 100 is 28.999999999999996 in binary: a guard far below the last
     // place shown keeps such a figure from losing its last digit.

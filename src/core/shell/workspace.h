@@ -15,6 +15,7 @@
 #include "refrigerant/property_tables.h"
 #include "shell/captions.h"
 #include "shell/exchange.h"
+#include "shell/file_memory.h"
 #include "shell/safe_write.h"
 #include "shell/settings.h"
 #include "shell/user_interface.h"
@@ -49,7 +50,10 @@ struct Workspace {
     CycleState cycle;
     Captions captions;
     UserInterface ui;
-    PropertyCache properties;  // parsed property tables of the data directory
+    // Parsed property tables and working files of the data directory; a
+    // read through a const workspace still fills them.
+    mutable PropertyCache properties;
+    mutable FileMemory files;
 
     // Run state.
     std::string lineEnd = "\r\n";
