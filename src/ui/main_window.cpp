@@ -29,6 +29,7 @@
 #include "ui/defaults_dialog.h"
 #include "ui/diagram_dialog.h"
 #include "ui/help_dialog.h"
+#include "ui/project_browser_dialog.h"
 #include "ui/project_data_dialog.h"
 #include "ui/scheme_dialog.h"
 #include "ui/tables_dialogs.h"
@@ -258,17 +259,8 @@ void MainWindow::NewProjectAction() {
 }
 
 void MainWindow::LoadProjectAction() {
-    kv::Project& p = ws_.project;
-    const QString file = QFileDialog::getOpenFileName(this, Q(ws_.captions[kv::Cap::MenuLoadProject]),
-                                                      Q(p.ProjektVerz), QStringLiteral("*.prj *.PRJ"));
-    if (file.isEmpty()) return;
-    const std::filesystem::path path(file.toStdString());
-    std::string type = p.AnlagenTyp;
-    if (kv::LoadProjectAndTell(ws_, type, path.string(), path.parent_path().string() + "/").loaded) {
-        p.AnlagenTyp = type;
-        p.ProjektDatei = path.filename().string();
-        p.ProjektVerz = path.parent_path().string();
-    }
+    // The project browser; its own button leads to the file dialog.
+    OpenScreen(new ProjectBrowserDialog(ws_, this));
 }
 
 void MainWindow::SaveProjectAction() {

@@ -83,15 +83,16 @@ void ProjectBrowser::Filter() {
     }
 }
 
-bool ProjectBrowser::Open(std::size_t row) {
-    if (row >= shown_.size()) return false;
+bool ProjectBrowser::Open(std::size_t row) { return row < shown_.size() && OpenFile(shown_[row].file); }
+
+bool ProjectBrowser::OpenFile(const fs::path& file) {
     Project& p = ws_.project;
-    const fs::path file = shown_[row].file;
     std::string type = p.AnlagenTyp;
     if (!LoadProjectAndTell(ws_, type, file.string(), file.parent_path().string() + "/").loaded) return false;
     p.AnlagenTyp = type;
     p.ProjektDatei = file.filename().string();
     p.ProjektVerz = file.parent_path().string();
+    AddDirectory(file.parent_path());
     return true;
 }
 

@@ -39,6 +39,8 @@ public:
     // Loads the shown project at `row` as the load action does; true when
     // the project replaced the one in memory.
     bool Open(std::size_t row);
+    // The same for a file picked elsewhere; its directory joins the list.
+    bool OpenFile(const std::filesystem::path& file);
     // Copies or renames the project and its companions to `newName` (".prj"
     // added when missing) in the same directory. Refused with a message when
     // the name is empty, unchanged or taken.
