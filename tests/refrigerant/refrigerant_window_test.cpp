@@ -56,4 +56,27 @@ TEST_F(RefrigerantWindow, SaturationTableMatchesKnownFiguresAndExports) {
     EXPECT_TRUE(kv::SaturationLines(ws, kv::FluidSummary{}).empty());
 }
 
+// Curves stay inside the frame, pressures drawn on a log scale; no table,
+// no curve.
+TEST_F(RefrigerantWindow, ViewsDrawTheCurvesInsideTheFrame) {
+    const std::vector<kv::SaturationLine> lines = kv::SaturationLines(ws, Fluid("R134a"));
+    for (const kv::DrawingList& d : {kv::VapourPressureView("R134a", lines), kv::DomeView("R134a", lines)}) {
+        int curves = 0;
+        for (const kv::DrawItem& item : d.items)
+            if (const auto* p = std::get_if<kv::DrawPolyline>(&item)) {
+                ++curves;
+                for (const kv::DrawPoint& pt : p->points) {
+                    EXPECT_GE(pt.x, 0.0);
+                    EXPECT_LE(pt.x, d.width);
+                    EXPECT_GE(pt.y, 0.0);
+                    EXPECT_LE(pt.y, d.height);
+                }
+            }
+        EXPECT_GE(curves, 1);
+    }
+    const kv::DrawingList none = kv::DomeView("X", {});
+    EXPECT_TRUE(std::none_of(none.items.begin(), none.items.end(),
+                             [](const kv::DrawItem& i) { return std::holds_alternative<kv::DrawPolyline>(i); }));
+}
+
 }  // namespace

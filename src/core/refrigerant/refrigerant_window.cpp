@@ -3,6 +3,7 @@
 #include <cmath>
 #include <utility>
 
+#include "documents/small_chart.h"
 #include "refrigerant/property_tables.h"
 #include "refrigerant/registry.h"
 #include "shell/files.h"
@@ -91,6 +92,23 @@ std::string SaturationCsv(const std::vector<SaturationLine>& lines) {
 
 bool ExportSaturationCsv(const std::vector<SaturationLine>& lines, const std::filesystem::path& file) {
     return WriteFileAtomic(file, SaturationCsv(lines));
+}
+
+DrawingList VapourPressureView(const std::string& fluid, const std::vector<SaturationLine>& lines) {
+    ChartCurve dew{{}, PaletteColour(1)}, bubble{{}, PaletteColour(4)};
+    for (const SaturationLine& l : lines) {
+        dew.points.push_back({l.t, l.pDew});
+        bubble.points.push_back({l.t, l.pBubble});
+    }
+    return SmallChart({fluid + "  p(t)", "t [°C]", "p [bar]", true}, {bubble, dew});
+}
+
+DrawingList DomeView(const std::string& fluid, const std::vector<SaturationLine>& lines) {
+    // Liquid line up, vapour line down: one closed-looking dome.
+    ChartCurve dome{{}, PaletteColour(1)};
+    for (const SaturationLine& l : lines) dome.points.push_back({l.hLiq, l.pBubble});
+    for (auto it = lines.rbegin(); it != lines.rend(); ++it) dome.points.push_back({it->hVap, it->pDew});
+    return SmallChart({fluid + "  h,log p", "h [kJ/kg]", "p [bar]", true}, {dome});
 }
 
 }  // namespace kv

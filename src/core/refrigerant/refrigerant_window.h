@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "documents/drawing.h"
+
 namespace kv {
 
 struct Workspace;
@@ -42,5 +44,10 @@ std::vector<SaturationLine> SaturationLines(Workspace& ws, const FluidSummary& f
 // a decimal point, CR LF. Written through a temporary file.
 std::string SaturationCsv(const std::vector<SaturationLine>& lines);
 bool ExportSaturationCsv(const std::vector<SaturationLine>& lines, const std::filesystem::path& file);
+
+// The two small views: the vapour pressure over t, and the two-phase dome
+// in the h,log p plane.
+DrawingList VapourPressureView(const std::string& fluid, const std::vector<SaturationLine>& lines);
+DrawingList DomeView(const std::string& fluid, const std::vector<SaturationLine>& lines);
 
 }  // namespace kv
