@@ -31,6 +31,7 @@
 #include "ui/help_dialog.h"
 #include "ui/project_browser_dialog.h"
 #include "ui/project_data_dialog.h"
+#include "ui/refrigerant_dialog.h"
 #include "ui/scheme_dialog.h"
 #include "ui/tables_dialogs.h"
 #include "ui/qt_interface.h"
@@ -92,6 +93,10 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     auto* data = new QVBoxLayout;
     data->setSpacing(8);
     for (QPushButton* b : {defaults_, catalogue_, pipes_, zeta_, help_, info_, printSetup_}) data->addWidget(b);
+    // The refrigerant window, captioned with the others.
+    QPushButton* refrigerant = MenuButton("Refrigerant");
+    data->addWidget(refrigerant);
+    connect(refrigerant, &QPushButton::clicked, this, &MainWindow::OpenRefrigerantWindow);
     data->addSpacing(12);
     data->addWidget(end_);
     data->addStretch(1);
@@ -173,6 +178,7 @@ void MainWindow::FillCaptions() {
     newProject_->setText(Q(c[kv::Cap::MenuNewProject]));
     openData_->setText(Q(c[kv::Cap::MenuOpenProjectData]));
     load_->setText(Q(c[kv::Cap::MenuLoadProject]));
+    if (auto* b = findChild<QPushButton*>(QStringLiteral("Refrigerant"))) b->setText(Q(c[kv::Cap::MenuRefrigerant]));
     save_->setText(Q(c[kv::Cap::MenuSaveProject]));
     saveAs_->setText(Q(c[kv::Cap::MenuSaveProjectAs]));
     delete_->setText(Q(c[kv::Cap::MenuDeleteProject]));
@@ -290,6 +296,8 @@ void MainWindow::DeleteProjectAction() {
     if (!ws_.ui.AskYesNo(ws_.Title(), ws_.captions.Message(6) + ws_.lineEnd + file.toStdString())) return;
     if (kv::DeleteProject(ws_, file.toStdString())) ws_.ui.Message(ws_.Title(), ws_.captions.Message(7));
 }
+
+void MainWindow::OpenRefrigerantWindow() { OpenScreen(new RefrigerantDialog(ws_, this)); }
 
 void MainWindow::OpenPipeTables() { OpenScreen(new PipeTableDialog(ws_, this)); }
 

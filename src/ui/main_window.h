@@ -31,6 +31,7 @@ public:
     void SaveProjectAsAction();
     void DeleteProjectAction();
     void OpenPipeTables();
+    void OpenRefrigerantWindow();
     void OpenZetaValues();
     void OpenDefaults();
     void OpenCatalogueEditor();
