@@ -36,7 +36,9 @@
 #include "ui/defaults_dialog.h"
 #include "ui/diagram_dialog.h"
 #include "ui/help_dialog.h"
+#include "ui/project_browser_dialog.h"
 #include "ui/project_data_dialog.h"
+#include "ui/refrigerant_dialog.h"
 #include "ui/scheme_dialog.h"
 #include "ui/tables_dialogs.h"
 #include "ui/file_dialogs.h"
@@ -60,6 +62,9 @@ QPushButton* MenuButton(const char* name) {
 
 MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent), ws_(ws) {
     setObjectName(QStringLiteral("StartForm"));
+    // The project as the run found it counts as saved, also for an action
+    // that comes before the first show has been handled.
+    kv::MarkProjectSaved(ws_);
     auto* central = new QWidget;
     auto* layout = new QVBoxLayout(central);
     layout->setContentsMargins(24, 18, 24, 18);
@@ -100,6 +105,10 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     auto* data = new QVBoxLayout;
     data->setSpacing(8);
     for (QPushButton* b : {defaults_, catalogue_, pipes_, zeta_, help_, info_, printSetup_}) data->addWidget(b);
+    // The refrigerant window, captioned with the others.
+    QPushButton* refrigerant = MenuButton("Refrigerant");
+    data->addWidget(refrigerant);
+    connect(refrigerant, &QPushButton::clicked, this, &MainWindow::OpenRefrigerantWindow);
     data->addSpacing(12);
     data->addWidget(end_);
     data->addStretch(1);
@@ -212,6 +221,7 @@ void MainWindow::FillCaptions() {
     newProject_->setText(Q(c[kv::Cap::MenuNewProject]));
     openData_->setText(Q(c[kv::Cap::MenuOpenProjectData]));
     load_->setText(Q(c[kv::Cap::MenuLoadProject]));
+    if (auto* b = findChild<QPushButton*>(QStringLiteral("Refrigerant"))) b->setText(Q(c[kv::Cap::MenuRefrigerant]));
     save_->setText(Q(c[kv::Cap::MenuSaveProject]));
     saveAs_->setText(Q(c[kv::Cap::MenuSaveProjectAs]));
     delete_->setText(Q(c[kv::Cap::MenuDeleteProject]));
@@ -307,8 +317,8 @@ void MainWindow::NewProjectAction() {
 
 void MainWindow::LoadProjectAction() {
     if (!KeepInput()) return;
-    const QString file = AskProjectOpenPath(ws_, this, Q(ws_.captions[kv::Cap::MenuLoadProject]));
-    if (!file.isEmpty()) kv::OpenProjectFromPath(ws_, file.toStdString());
+    // The project browser; its own button leads to the file dialog.
+    OpenScreen(new ProjectBrowserDialog(ws_, this));
     UpdateTitle();
     FillRecent();
 }
@@ -366,6 +376,8 @@ void MainWindow::DeleteProjectAction() {
     if (!ws_.ui.AskYesNo(ws_.Title(), ws_.captions.Message(6) + ws_.lineEnd + file.toStdString())) return;
     if (kv::DeleteProject(ws_, file.toStdString())) ws_.ui.Message(ws_.Title(), ws_.captions.Message(7));
 }
+
+void MainWindow::OpenRefrigerantWindow() { OpenScreen(new RefrigerantDialog(ws_, this)); }
 
 void MainWindow::OpenPipeTables() { OpenScreen(new PipeTableDialog(ws_, this)); }
 

@@ -32,6 +32,7 @@ public:
     void SaveProjectAsAction();
     void DeleteProjectAction();
     void OpenPipeTables();
+    void OpenRefrigerantWindow();
     void OpenZetaValues();
     void OpenDefaults();
     void OpenCatalogueEditor();

@@ -107,6 +107,12 @@ void CopyCompanionsFromProject(Workspace& ws, const std::string& projectFileName
     }
 }
 
+std::vector<std::string> CompanionExtensions() {
+    std::vector<std::string> out;
+    for (const Companion& c : kCompanions) out.emplace_back(c.extension);
+    return out;
+}
+
 bool DeleteProject(Workspace& ws, const std::string& filePath) {
     const fs::path path = ResolveName(ws, filePath);
     const std::string stem = Stem(path.filename().string());

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace kv {
 
@@ -53,6 +54,8 @@ bool DeleteProject(Workspace& ws, const std::string& filePath);
 // The nine companions between the data directory and the project's directory.
 void CopyCompanionsToProject(Workspace& ws, const std::string& projectFileName, const std::string& directory);
 void CopyCompanionsFromProject(Workspace& ws, const std::string& projectFileName, const std::string& directory);
+// The extensions of the nine companions, in their fixed order.
+std::vector<std::string> CompanionExtensions();
 
 // The embedded working files in file order with their fixed line counts.
 struct EmbeddedFile {
