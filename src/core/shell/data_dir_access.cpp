@@ -63,8 +63,9 @@ bool CopyTree(const fs::path& from, const fs::path& to, WriteFailure& failure) {
     for (; !ec && it != end; it.increment(ec)) {
         const std::string name = it->path().filename().string();
         if (name == kLockFileName || name.find(".tmp~") != std::string::npos) continue;
-        const fs::path target = to / fs::relative(it->path(), from, ec);
-        if (ec) break;
+        // The walk's paths start with `from` itself: a lexical cut is enough
+        // and spares a link look-up per path component.
+        const fs::path target = to / it->path().lexically_relative(from);
         std::error_code e;
         if (it->is_directory(e)) {
             fs::create_directories(target, e);
