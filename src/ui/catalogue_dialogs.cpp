@@ -19,14 +19,6 @@
 
 namespace kvui {
 
-namespace {
-QPushButton* Button(const QString& text, const char* name) {
-    auto* b = new QPushButton(text);
-    b->setObjectName(QLatin1String(name));
-    return b;
-}
-}  // namespace
-
 CatalogueEditorDialog::CatalogueEditorDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) {
     setObjectName(QStringLiteral("KatEdit"));
     const kv::Captions& c = ws_.captions;
@@ -63,15 +55,15 @@ CatalogueEditorDialog::CatalogueEditorDialog(kv::Workspace& ws, QWidget* parent)
     head->addRow(Q(c[kv::Cap::Series]), series_);
 
     auto* actions = new QHBoxLayout;
-    auto* insert = Button(Q(c[kv::Cap::InsertRow]), "InsertRow");
-    auto* remove = Button(Q(c[kv::Cap::DeleteRow]), "DeleteRow");
-    auto* save = Button(Q(c[kv::Cap::Save]), "Save");
-    auto* blank = Button(Q(c[kv::Cap::NewCatalogue]), "NewCatalogue");
-    auto* copy = Button(Q(c[kv::Cap::CopyCatalogue]), "CopyCatalogue");
-    auto* hide = Button(Q(c[kv::Cap::HideProducts]), "HideProducts");
-    auto* index = Button(Q(c[kv::Cap::RebuildIndex]), "RebuildIndex");
-    auto* manage = Button(QStringLiteral("katalg.lst"), "Manager");
-    auto* close = Button(Q(c[kv::Cap::Close]), "Close");
+    auto* insert = NamedButton(Q(c[kv::Cap::InsertRow]), "InsertRow");
+    auto* remove = NamedButton(Q(c[kv::Cap::DeleteRow]), "DeleteRow");
+    auto* save = NamedButton(Q(c[kv::Cap::Save]), "Save");
+    auto* blank = NamedButton(Q(c[kv::Cap::NewCatalogue]), "NewCatalogue");
+    auto* copy = NamedButton(Q(c[kv::Cap::CopyCatalogue]), "CopyCatalogue");
+    auto* hide = NamedButton(Q(c[kv::Cap::HideProducts]), "HideProducts");
+    auto* index = NamedButton(Q(c[kv::Cap::RebuildIndex]), "RebuildIndex");
+    auto* manage = NamedButton(QStringLiteral("katalg.lst"), "Manager");
+    auto* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
     connect(insert, &QPushButton::clicked, this, [this] {
         const int row = grid_->currentRow() < 0 ? static_cast<int>(editor_.rows.size()) : grid_->currentRow();
         if (kv::AddArticle(editor_, row)) FillGrid();
@@ -237,9 +229,9 @@ CatalogueManagerDialog::CatalogueManagerDialog(kv::Workspace& ws, QWidget* paren
     candidates_->setObjectName(QStringLiteral("Candidates"));
     title_ = new QLineEdit;
     title_->setObjectName(QStringLiteral("Title"));
-    auto* install = Button(QStringLiteral("+"), "Install");
-    auto* remove = Button(QStringLiteral("-"), "Remove");
-    auto* close = Button(Q(c[kv::Cap::Close]), "Close");
+    auto* install = NamedButton(QStringLiteral("+"), "Install");
+    auto* remove = NamedButton(QStringLiteral("-"), "Remove");
+    auto* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
     connect(install, &QPushButton::clicked, this, [this] {
         Install(candidates_->currentText().toStdString(), title_->text().toStdString());
     });

@@ -17,14 +17,6 @@
 
 namespace kvui {
 
-namespace {
-QPushButton* Button(const std::string& text, const char* name) {
-    auto* b = new QPushButton(Q(text));
-    b->setObjectName(QLatin1String(name));
-    return b;
-}
-}  // namespace
-
 ProjectBrowserDialog::ProjectBrowserDialog(kv::Workspace& ws, QWidget* parent)
     : QDialog(parent), ws_(ws), browser_(ws) {
     setObjectName(QStringLiteral("ProjectBrowser"));
@@ -49,12 +41,12 @@ ProjectBrowserDialog::ProjectBrowserDialog(kv::Workspace& ws, QWidget* parent)
     grid_->horizontalHeader()->setStretchLastSection(true);
     connect(grid_, &QTableWidget::cellDoubleClicked, this, [this] { OpenCurrent(); });
 
-    QPushButton* open = Button(c[kv::Cap::Open], "Open");
-    QPushButton* copy = Button(c[kv::Cap::Copy], "Copy");
-    QPushButton* rename = Button(c[kv::Cap::BrowserRename], "Rename");
-    QPushButton* remove = Button(c[kv::Cap::Delete], "Delete");
-    QPushButton* other = Button(c[kv::Cap::BrowserOtherFile], "OtherFile");
-    QPushButton* close = Button(c[kv::Cap::Close], "Close");
+    QPushButton* open = NamedButton(Q(c[kv::Cap::Open]), "Open");
+    QPushButton* copy = NamedButton(Q(c[kv::Cap::Copy]), "Copy");
+    QPushButton* rename = NamedButton(Q(c[kv::Cap::BrowserRename]), "Rename");
+    QPushButton* remove = NamedButton(Q(c[kv::Cap::Delete]), "Delete");
+    QPushButton* other = NamedButton(Q(c[kv::Cap::BrowserOtherFile]), "OtherFile");
+    QPushButton* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
     open->setDefault(true);
     connect(open, &QPushButton::clicked, this, [this] { OpenCurrent(); });
     connect(copy, &QPushButton::clicked, this, [this] { AskName(true); });

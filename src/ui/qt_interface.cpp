@@ -1,5 +1,9 @@
 #include "ui/qt_interface.h"
 
+#include <QTableWidget>
+
+#include <QPushButton>
+
 #include <QFont>
 #include <QMessageBox>
 #include <QPointer>
@@ -33,6 +37,21 @@ kv::UserInterface MakeQtInterface(QWidget* parent) {
 void InstallFontSubstitutes() {
     QFont::insertSubstitution(QStringLiteral("Arial"), QStringLiteral("Liberation Sans"));
     QFont::insertSubstitution(QStringLiteral("Helvetica"), QStringLiteral("Liberation Sans"));
+}
+
+QPushButton* NamedButton(const QString& text, const char* name) {
+    auto* b = new QPushButton(text);
+    b->setObjectName(QLatin1String(name));
+    return b;
+}
+
+QTableWidget* ChoiceGrid(const QStringList& heads, const char* name) {
+    auto* grid = new QTableWidget(0, static_cast<int>(heads.size()));
+    grid->setObjectName(QLatin1String(name));
+    grid->setHorizontalHeaderLabels(heads);
+    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid->setSelectionBehavior(QAbstractItemView::SelectRows);
+    return grid;
 }
 
 }  // namespace kvui

@@ -25,12 +25,6 @@ namespace kvui {
 
 namespace {
 
-QPushButton* Button(const QString& text, const char* name) {
-    auto* b = new QPushButton(text);
-    b->setObjectName(QLatin1String(name));
-    return b;
-}
-
 QColor BandColor(kv::CapacityBand band) {
     switch (band) {
     case kv::CapacityBand::Near: return QColor(0x80, 0xff, 0x80);
@@ -52,7 +46,7 @@ AccessorySelectionDialog::AccessorySelectionDialog(kv::Workspace& ws, QWidget* p
     auto* kinds = new QGridLayout;
     for (int slot = 1; slot <= kv::kSlotCount; ++slot) {
         const std::string name = "bt" + std::to_string(slot);
-        auto* b = Button(QString(), name.c_str());
+        auto* b = NamedButton(QString(), name.c_str());
         connect(b, &QPushButton::clicked, this, [this, slot] { ChooseKind(slot); });
         kinds->addWidget(b, (slot - 1) / 6, (slot - 1) % 6);
     }
@@ -78,12 +72,12 @@ AccessorySelectionDialog::AccessorySelectionDialog(kv::Workspace& ws, QWidget* p
         if (!filling_) ChooseSeries(row);
     });
 
-    auto* use = Button(Q(c[kv::Cap::UseSeries]), "einfuegbutt");
-    auto* clear = Button(Q(c[kv::Cap::ClearPreselection]), "delVerd");
-    auto* adopt = Button(Q(c[kv::Cap::PreselectUnit]), "ueberN");
-    auto* table = Button(Q(c[kv::Cap::ComponentSelectionTitle]), "VentZeig");
-    auto* start = Button(Q(c[kv::Cap::StartDesign]), "AuslegStart");
-    auto* close = Button(Q(c[kv::Cap::Close]), "Close");
+    auto* use = NamedButton(Q(c[kv::Cap::UseSeries]), "einfuegbutt");
+    auto* clear = NamedButton(Q(c[kv::Cap::ClearPreselection]), "delVerd");
+    auto* adopt = NamedButton(Q(c[kv::Cap::PreselectUnit]), "ueberN");
+    auto* table = NamedButton(Q(c[kv::Cap::ComponentSelectionTitle]), "VentZeig");
+    auto* start = NamedButton(Q(c[kv::Cap::StartDesign]), "AuslegStart");
+    auto* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
     auto* quick = new QRadioButton(Q(c[kv::Cap::QuickSelection]));
     quick->setObjectName(QStringLiteral("SchnellAW"));
     auto* single = new QRadioButton(Q(c[kv::Cap::SingleSelection]));
@@ -200,8 +194,8 @@ ComponentSelectionDialog::ComponentSelectionDialog(kv::Workspace& ws, int catalo
                                       Q(c[kv::Cap::Manufacturer]), QStringLiteral("da")});
     message_ = new QLabel;
     message_->setObjectName(QStringLiteral("Meldung"));
-    auto* adopt = Button(Q(c[kv::Cap::Select]), "VentUeberNehm");
-    auto* close = Button(Q(c[kv::Cap::Close]), "Close");
+    auto* adopt = NamedButton(Q(c[kv::Cap::Select]), "VentUeberNehm");
+    auto* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
     connect(seriesList_, &QListWidget::currentRowChanged, this, [this](int row) { ShowSeries(row); });
     connect(grid_, &QTableWidget::cellDoubleClicked, this, [this](int row, int) { Adopt(row); });
     connect(adopt, &QPushButton::clicked, this, [this] { Adopt(grid_->currentRow()); });
@@ -268,21 +262,13 @@ void FillRows(QTableWidget* grid, const std::vector<std::vector<QString>>& rows)
             grid->setItem(i, col, new QTableWidgetItem(rows[static_cast<std::size_t>(i)][static_cast<std::size_t>(col)]));
 }
 
-QTableWidget* Grid(const QStringList& head, const char* name) {
-    auto* grid = new QTableWidget(0, static_cast<int>(head.size()));
-    grid->setObjectName(QLatin1String(name));
-    grid->setHorizontalHeaderLabels(head);
-    grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    grid->setSelectionBehavior(QAbstractItemView::SelectRows);
-    return grid;
-}
 }  // namespace
 
 CompressorSearchDialog::CompressorSearchDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) {
     setObjectName(QStringLiteral("KompSuche"));
     const kv::Captions& c = ws_.captions;
     setWindowTitle(Q(c[kv::Cap::CompressorSearchTitle]));
-    grid_ = Grid({Q(c[kv::Cap::TypeDesignation]), Q(c[kv::Cap::Manufacturer]), Q(c[kv::Cap::Series]),
+    grid_ = ChoiceGrid({Q(c[kv::Cap::TypeDesignation]), Q(c[kv::Cap::Manufacturer]), Q(c[kv::Cap::Series]),
                   QStringLiteral("Qo /[kW]"), QStringLiteral("Pel /[kW]"), QStringLiteral("COP"),
                   QStringLiteral("Vh /[m³/h]")},
                  "Compressors");
@@ -290,9 +276,9 @@ CompressorSearchDialog::CompressorSearchDialog(kv::Workspace& ws, QWidget* paren
     qMin_->setObjectName(QStringLiteral("QoMin"));
     qMax_ = new QLineEdit(QStringLiteral("0"));
     qMax_->setObjectName(QStringLiteral("QoMax"));
-    auto* search = Button(Q(c[kv::Cap::CompressorSearchTitle]), "Search");
-    auto* take = Button(Q(c[kv::Cap::Select]), "Take");
-    auto* close = Button(Q(c[kv::Cap::Close]), "Close");
+    auto* search = NamedButton(Q(c[kv::Cap::CompressorSearchTitle]), "Search");
+    auto* take = NamedButton(Q(c[kv::Cap::Select]), "Take");
+    auto* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
     connect(search, &QPushButton::clicked, this, [this] {
         Search(kv::ToNumber(qMin_->text().toStdString()), kv::ToNumber(qMax_->text().toStdString()),
                ws_.project.KondArt);
@@ -335,7 +321,7 @@ HeatExchangerSelectionDialog::HeatExchangerSelectionDialog(kv::Workspace& ws, in
     setObjectName(QStringLiteral("HxSelect"));
     const kv::Captions& c = ws_.captions;
     setWindowTitle(Q(c[kv::Cap::CatKindEvaporators]) + QStringLiteral(" / ") + Q(c[kv::Cap::CatKindCondensers]));
-    grid_ = Grid({Q(c[kv::Cap::TypeDesignation]), Q(c[kv::Cap::Manufacturer]), Q(c[kv::Cap::Series]),
+    grid_ = ChoiceGrid({Q(c[kv::Cap::TypeDesignation]), Q(c[kv::Cap::Manufacturer]), Q(c[kv::Cap::Series]),
                   Q(c[kv::Cap::CapacityAtDuty]), QStringLiteral("V /[dm³]"), Q(c[kv::Cap::EnergyClass])},
                  "HeatExchangers");
     auto* kind = new QComboBox;
@@ -343,8 +329,8 @@ HeatExchangerSelectionDialog::HeatExchangerSelectionDialog(kv::Workspace& ws, in
     kind->addItem(Q(c[kv::Cap::CatKindEvaporators]), 600);
     kind->addItem(Q(c[kv::Cap::CatKindCondensers]), 650);
     kind->setCurrentIndex(groupCode == 650 ? 1 : 0);
-    auto* take = Button(Q(c[kv::Cap::Select]), "Take");
-    auto* close = Button(Q(c[kv::Cap::Close]), "Close");
+    auto* take = NamedButton(Q(c[kv::Cap::Select]), "Take");
+    auto* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
     connect(kind, &QComboBox::activated, this, [this, kind](int i) { ShowGroup(kind->itemData(i).toInt()); });
     connect(take, &QPushButton::clicked, this, [this] { Choose(grid_->currentRow()); });
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
