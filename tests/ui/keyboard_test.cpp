@@ -41,7 +41,9 @@ protected:
         window.show();
         window.OpenProjectData();
         auto* data = window.findChild<kvui::ProjectDataDialog*>();
-        if (data) EXPECT_TRUE(QTest::qWaitForWindowExposed(data));
+        if (data) {
+            EXPECT_TRUE(QTest::qWaitForWindowExposed(data));
+        }
         return data;
     }
 };
