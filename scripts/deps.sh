@@ -4,7 +4,7 @@ set -euo pipefail
 
 packages=(cmake g++ make pkg-config
   qt6-base-dev qt6-svg-dev
-  libxlsxwriter-dev nlohmann-json3-dev
+  libxlsxwriter-dev libfreexl-dev nlohmann-json3-dev poppler-utils
   libgtest-dev libgmock-dev libbenchmark-dev
   fonts-liberation fonts-wqy-microhei locales xvfb xauth)
 
