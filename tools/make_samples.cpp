@@ -5,6 +5,11 @@
 #include <iostream>
 #include <string>
 
+#include "cycle/kernel.h"
+#include "cycle/scheme_screen.h"
+#include "lists/calc_lists.h"
+#include "lists/list_generation.h"
+#include "lists/list_rows.h"
 #include "project/data_screen.h"
 #include "project/project_file.h"
 #include "shell/files.h"
@@ -119,6 +124,19 @@ int main(int argc, char** argv) {
         kv::DataScreen screen;
         kv::OpenDataScreen(ws, screen);
         kv::SumZeta(ws, 0, 0);
+        p.AnlagenTyp = s.plantType;
+        // The sample carries its lists: calculated, lists generated, and the
+        // companions saved beside the project.
+        kv::InputCheck check;
+        kv::SchemeScreen scheme;
+        kv::DeleteFile(ws, kv::lists::kFittings);
+        if (kv::StartCalculation(ws, screen, &check)) {
+            kv::OpenSchemeScreen(ws, scheme);
+            if (kv::CalculateCycle(ws, scheme, kv::FirstCalculation)) {
+                kv::WriteCalculationLists(ws);
+                kv::GenerateLists(ws);
+            }
+        }
         p.AnlagenTyp = s.plantType;
         if (kv::SaveProject(ws, s.plantType, (out.string() + "/")) != kv::SaveResult::Saved) {
             std::cerr << "not saved: " << s.file << "\n";

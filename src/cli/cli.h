@@ -77,5 +77,7 @@ int CmdCatalogue(const Options& o);
 int CmdMatchcode(const Options& o);
 // Rates the series of a component kind at the calculated plant.
 int CmdSelect(const Options& o);
+// Calculates a project and generates its parts lists.
+int CmdLists(const Options& o);
 
 }  // namespace kvcli

@@ -50,6 +50,9 @@ Commands:
   matchcode                    rebuilds the catalogue index files (progress on standard error)
   select PROJECT.prj --kind N [--line NAME] [--series BASE:POSITION]
                                calculates the project and rates the series of a component kind
+  lists PROJECT.prj [--out-dir DIR]
+                               calculates the project, generates its parts lists and prints
+                               parts, units, pipes, fittings and the refrigerant charge
   help                         this text
 
 Options:
@@ -176,7 +179,7 @@ int main(int argc, char** argv) {
             else if (key == "drive" || key == "principle") o.values[key] = value;
             else if (key == "out" || key == "fluid" || key == "t0" || key == "tc") o.values[key] = value;
             else if (key == "group") o.values[key] = value;
-            else if (key == "kind" || key == "line" || key == "series") o.values[key] = value;
+            else if (key == "kind" || key == "line" || key == "series" || key == "out-dir") o.values[key] = value;
             else if (key == "di" || key == "length" || key == "m" || key == "rho" || key == "eta" || key == "zeta" ||
                      key == "height" || key == "rho-liquid" || key == "rho-vapour" || key == "eta-vapour" ||
                      key == "eta-liquid" || key == "x")
@@ -203,6 +206,7 @@ int main(int argc, char** argv) {
     if (cmd == "catalogue") return CmdCatalogue(o);
     if (cmd == "matchcode") return CmdMatchcode(o);
     if (cmd == "select") return CmdSelect(o);
+    if (cmd == "lists") return CmdLists(o);
     std::cerr << "kelvaris-cli: unknown command " << cmd << "\n" << kUsage;
     return 2;
 }

@@ -57,6 +57,7 @@ int CmdSelect(const Options& o) {
     for (const kv::SelectRequest& p : kv::PlantSelectionPlan(ws))
         if (p.kind == kind && (line == o.values.end() || p.lineName == line->second)) {
             q = p;
+            q.flagA = 1;  // rated even where the line sheet counts none of the kind
             found = true;
             break;
         }

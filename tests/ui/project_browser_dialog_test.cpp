@@ -54,7 +54,7 @@ TEST_F(BrowserScreen, LoadButtonOpensTheBrowserWhichOpensAProject) {
     ASSERT_TRUE(browser->CopyCurrent(QStringLiteral("Second")));
     browser->Search(QStringLiteral("Second.prj"));
     ASSERT_EQ(grid->rowCount(), 1);
-    EXPECT_EQ(grid->item(0, 5)->text(), QStringLiteral(".rlt"));  // the companion came along
+    EXPECT_TRUE(grid->item(0, 5)->text().startsWith(QStringLiteral(".rlt")));  // the companions came along
 
     QSignalSpy opened(browser, &kvui::ProjectBrowserDialog::projectOpened);
     browser->findChild<QPushButton*>(QStringLiteral("Open"))->click();

@@ -411,6 +411,8 @@ ParkEntry ParkEntryOf(const SelectionResult& r, const SelectRequest& q) {
     e.change[4] = q.lineSize;
     e.change[5] = std::to_string(q.flagA);
     e.change[6] = std::to_string(q.flagB);
+    e.change[7] = q.secondLine;
+    e.change[8] = q.secondSize;
     e.change[9] = r.catalogueFile;
     e.change[10] = std::to_string(r.taken);
     e.change[18] = std::to_string(r.position);
@@ -480,6 +482,7 @@ bool FromPark(SelectionResult& r, const ParkEntry& e) {
     if (Trim(e.row[0]).empty()) return false;
     r.fromPark = true;
     r.listRow = e.row;
+    r.parkedChange = e.change;
     r.catalogueFile = e.change[9];
     r.taken = static_cast<long long>(ToNumber(Trim(e.change[10])));
     r.article.SetField(field::Type, e.row[1]);

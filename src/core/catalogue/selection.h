@@ -62,6 +62,10 @@ struct SelectRequest {
     double tenth = 0.0;
     int position = 0;           // with catalogueFile: the series position to rate instead of the list's
     bool wholeSeries = false;   // rate the rows behind the taken one too (for showing the series)
+    int section = 0;            // line section 1..8 of the component's line; 0 for a unit
+    int quantity = 1;           // how many of it the line holds
+    std::string secondLine;     // the line a component joins to the first one (liquid-suction exchanger)
+    std::string secondSize;
 };
 
 // The plant's state as the rating rules read it.
@@ -107,6 +111,7 @@ struct SelectionResult {
     std::string sizeText;      // connection size text of the row
     std::array<std::string, 9> listRow;  // the row for the parts list
     std::vector<std::array<std::string, 4>> accessories;  // count, order number, type I, type II
+    std::array<std::string, 25> parkedChange{};  // the change block of a parked article
 };
 
 // Text of the empty article, and the designation it carries.

@@ -1,5 +1,7 @@
 #include "catalogue/selection_screen.h"
 
+#include "lists/list_generation.h"
+
 #include <algorithm>
 
 #include "catalogue/selection_table.h"
@@ -82,9 +84,14 @@ bool LeaveAccessorySelection(const Workspace& ws, const AccessorySelectionScreen
     return WriteSeriesChoices(ws, s.brine, s.aktBTsp);
 }
 
-bool StartListGeneration(const Workspace& ws, AccessorySelectionScreen& s) {
-    s.message = ws.captions[Cap::ListGenerationPending];
-    return false;
+bool StartListGeneration(Workspace& ws, AccessorySelectionScreen& s) {
+    LeaveAccessorySelection(ws, s);
+    const ListGeneration g = GenerateLists(ws);
+    const Captions& c = ws.captions;
+    s.message = g.ok ? c[Cap::MenuPartsList] + ": " + std::to_string(g.fittingRows + g.accessoryRows) + ", " +
+                           c[Cap::MenuUnitsList] + ": " + std::to_string(g.unitRows)
+                     : g.message;
+    return g.ok;
 }
 
 }  // namespace kv

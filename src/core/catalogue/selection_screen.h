@@ -49,8 +49,9 @@ bool AdoptMainUnit(const Workspace& ws, AccessorySelectionScreen& s, int article
 int KindOfSlot(int slot);
 // Leaving: the series list written.
 bool LeaveAccessorySelection(const Workspace& ws, const AccessorySelectionScreen& s);
-// AuslegStart / StartBauteil: the list generation. False while it is not
-// part of the system; the screen then says so.
-bool StartListGeneration(const Workspace& ws, AccessorySelectionScreen& s);
+// AuslegStart / StartBauteil: the series list written, then the list
+// generation; the message tells the rows of the two lists. False when the
+// lists could not be written.
+bool StartListGeneration(Workspace& ws, AccessorySelectionScreen& s);
 
 }  // namespace kv

@@ -7,6 +7,7 @@
 #include "lines/line_sizing.h"
 #include "lines/pipe_series.h"
 #include "lines/pipe_table.h"
+#include "lists/calc_lists.h"
 #include "project/project.h"
 #include "refrigerant/registry.h"
 #include "refrigerant/saturation.h"
@@ -15,6 +16,16 @@
 #include "shell/workspace.h"
 
 namespace kv {
+
+namespace {
+// A completed calculation leaves its pipe and fitting lists and the line
+// sizes for the parts list and the scheme.
+bool CalculateAndList(Workspace& ws, SchemeScreen& s, int mode, bool appendFittings) {
+    const bool ok = CalculateCycle(ws, s, mode);
+    if (ok && ws.project.CalcState == 1) WriteCalculationLists(ws, appendFittings);
+    return ok;
+}
+}  // namespace
 namespace {
 
 double Num(const std::string& text) { return ToNumber(std::string_view(text)).value; }
@@ -71,7 +82,7 @@ bool EnterEvaporatingTemperature(Workspace& ws, SchemeScreen& s) {
         return false;
     }
     p.Tver = s.t0;
-    return CalculateCycle(ws, s, Recalculate);
+    return CalculateAndList(ws, s, Recalculate, false);
 }
 
 bool EnterCondensingTemperature(Workspace& ws, SchemeScreen& s) {
@@ -87,7 +98,7 @@ bool EnterCondensingTemperature(Workspace& ws, SchemeScreen& s) {
         return false;
     }
     p.tko = s.Tc;
-    return CalculateCycle(ws, s, Recalculate);
+    return CalculateAndList(ws, s, Recalculate, false);
 }
 
 bool CalculateButton(Workspace& ws, SchemeScreen& s) {
@@ -109,7 +120,7 @@ bool CalculateButton(Workspace& ws, SchemeScreen& s) {
     }
     p.Tver = s.t0;
     p.tko = s.Tc;
-    return CalculateCycle(ws, s, FirstCalculation);
+    return CalculateAndList(ws, s, FirstCalculation, true);
 }
 
 double TemperatureOfPressure(Workspace& ws, double pBar) {
@@ -228,7 +239,7 @@ bool MoveLineScrollbar(Workspace& ws, SchemeScreen& s, int section, int row) {
     c.lineRow[static_cast<std::size_t>(section)] = row;
     s.lines[static_cast<std::size_t>(section)].row = row;
     s.keepSizesOnce = true;
-    return CalculateCycle(ws, s, Recalculate);
+    return CalculateAndList(ws, s, Recalculate, false);
 }
 
 }  // namespace kv
