@@ -1,5 +1,7 @@
 #include "ui/main_window.h"
 
+#include "ui/list_dialogs.h"
+
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFileDialog>
@@ -47,6 +49,11 @@
 #include "ui/welcome_dialog.h"
 
 namespace kvui {
+
+namespace {
+template <class Dialog>
+Dialog* OpenScreen(Dialog* d);
+}  // namespace
 
 namespace {
 
@@ -101,6 +108,16 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     printSetup_ = MenuButton("PrintSetup");
     end_ = MenuButton("End");
     for (QPushButton* b : {newProject_, openData_, load_, save_, saveAs_, delete_}) menu->addWidget(b);
+    // The lists of the plant, each opening the parts list screen at its tab.
+    menu->addSpacing(12);
+    const std::pair<const char*, const char*> lists[] = {
+        {"PartsList", "Stklst.DAT"}, {"UnitsList", "Vrdlst.DAT"}, {"PipeList", "Rhrltg.DAT"}, {"FlangeList", "Flansh.DAT"}};
+    for (const auto& [name, file] : lists) {
+        QPushButton* b = MenuButton(name);
+        menu->addWidget(b);
+        const QString list = QString::fromLatin1(file);
+        connect(b, &QPushButton::clicked, this, [this, list] { OpenScreen(new ListDialog(ws_, list, this)); });
+    }
     menu->addStretch(1);
     auto* data = new QVBoxLayout;
     data->setSpacing(8);
@@ -108,6 +125,9 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
     // The refrigerant window, captioned with the others.
     QPushButton* refrigerant = MenuButton("Refrigerant");
     data->addWidget(refrigerant);
+    QPushButton* options = MenuButton("Options");
+    data->addWidget(options);
+    connect(options, &QPushButton::clicked, this, [this] { OpenScreen(new LineElectricDialog(ws_, this)); });
     connect(refrigerant, &QPushButton::clicked, this, &MainWindow::OpenRefrigerantWindow);
     data->addSpacing(12);
     data->addWidget(end_);
@@ -222,6 +242,13 @@ void MainWindow::FillCaptions() {
     openData_->setText(Q(c[kv::Cap::MenuOpenProjectData]));
     load_->setText(Q(c[kv::Cap::MenuLoadProject]));
     if (auto* b = findChild<QPushButton*>(QStringLiteral("Refrigerant"))) b->setText(Q(c[kv::Cap::MenuRefrigerant]));
+    const std::pair<const char*, kv::Cap> listWords[] = {{"PartsList", kv::Cap::MenuPartsList},
+                                                         {"UnitsList", kv::Cap::MenuUnitsList},
+                                                         {"PipeList", kv::Cap::MenuPipeList},
+                                                         {"FlangeList", kv::Cap::MenuFlangeList},
+                                                         {"Options", kv::Cap::MenuOptions}};
+    for (const auto& [name, word] : listWords)
+        if (auto* b = findChild<QPushButton*>(QString::fromLatin1(name))) b->setText(Q(c[word]));
     save_->setText(Q(c[kv::Cap::MenuSaveProject]));
     saveAs_->setText(Q(c[kv::Cap::MenuSaveProjectAs]));
     delete_->setText(Q(c[kv::Cap::MenuDeleteProject]));

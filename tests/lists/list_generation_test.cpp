@@ -10,6 +10,7 @@
 #include "lists/calc_lists.h"
 #include "lists/list_generation.h"
 #include "lists/list_rows.h"
+#include "lists/list_screen.h"
 #include "project/project_file.h"
 #include "sample_fixture.h"
 #include "shell/files.h"
@@ -215,6 +216,52 @@ TEST_F(Lists, SamplesYieldTheirComponents) {
             if (!r.skipped && kv::IsListedMainUnit(r.listRow[0].empty() ? 0 : std::atoi(r.listRow[0].c_str())))
                 EXPECT_NE(r.taken, 0) << r.message;
     }
+}
+
+}  // namespace
+
+namespace {
+
+// The screen's reader and writer on files written here from the layouts.
+TEST_F(Lists, ScreenReadsAndWritesByTheListRules) {
+    // Flansh.DAT: items 1 to 6 in grid columns 1, 2, 3, 5, 6, 4; a row with
+    // zero numbers ends the write.
+    kv::WriteFileAtomic(kv::ResolveName(ws, kv::lists::kFittings),
+                        "\"P\",\"D\",\"01.01.2026\",\"KOMP\"\r\n"
+                        "\"Liquid line\",\"Reducer 35-28\",\"28 x 1\",\"35\",\"28\",\"2\",\"\"\r\n"
+                        "\"Liquid line\",\"Tee 28\",\"28 x 1\",\"0\",\"0\",\"0\",\"\"\r\n"
+                        "\"Suction line\",\"Tee 42\",\"42 x 1.5\",\"42\",\"0\",\"1\",\"\"\r\n");
+    kv::ListScreen s;
+    ASSERT_TRUE(kv::OpenList(ws, s, kv::lists::kFittings));
+    ASSERT_EQ(s.grid.size(), 3u);
+    EXPECT_EQ(s.grid[0][3], "2");   // the quantity in column 4
+    EXPECT_EQ(s.grid[0][4], "35");
+    ASSERT_TRUE(kv::SaveList(ws, s));
+    kv::ListFile f = Read(kv::lists::kFittings);
+    ASSERT_EQ(f.rows.size(), 1u);   // the zero row ended the write
+    EXPECT_EQ(f.rows[0][5], "2");
+    EXPECT_EQ(f.rows[0][6], "");
+
+    // A parts list whose change file the screen wrote (24 items a block):
+    // read with 25 items, each following block starts one item later.
+    std::string parts = "\"P\",\"D\",\"R\",\"KOMP\",\"100\",\"\",\"\",\"5\",\"263\",\"0\",\"0\",\"0\",\"318\",\"R134a\"\r\n";
+    std::string change;
+    for (int r = 0; r < 2; ++r) {
+        parts += "\"Ball valve\",\"BKV " + std::to_string(r) + "\",\"m\",\"AV\",\"10\",\"Suction line\",\"22 x 1\",\"1\",\"9\"\r\n";
+        for (int i = 1; i <= 24; ++i) change += "\"" + std::to_string(10 * r + i) + "\"\r\n";
+    }
+    kv::WriteFileAtomic(kv::ResolveName(ws, kv::lists::kParts), parts);
+    kv::WriteFileAtomic(kv::ResolveName(ws, kv::lists::kPartsChange), change);
+    ASSERT_TRUE(kv::OpenList(ws, s, kv::lists::kParts));
+    ASSERT_EQ(s.grid.size(), 2u);
+    EXPECT_EQ(s.grid[0][0], "1");                // quantity first
+    EXPECT_EQ(s.grid[0][1], "Ball valve");
+    EXPECT_EQ(s.grid[0][kv::kFirstChangeColumn - 1 + 24], "11");  // item 25 is the next block's first
+    EXPECT_EQ(s.grid[1][kv::kFirstChangeColumn - 1], "12");
+    // An unknown list is refused without touching a file.
+    kv::ListScreen other;
+    other.file = "Other.DAT";
+    EXPECT_FALSE(kv::SaveList(ws, other));
 }
 
 }  // namespace

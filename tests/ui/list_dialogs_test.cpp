@@ -1,0 +1,129 @@
+// The parts list screen and the line and electrical data screen offscreen:
+// reached from the main menu, edited, saved and read back.
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTest>
+
+#include "cycle/kernel.h"
+#include "lists/calc_lists.h"
+#include "lists/list_generation.h"
+#include "lists/list_rows.h"
+#include "sample_fixture.h"
+#include "shell/files.h"
+#include "shell/startup.h"
+#include "ui/list_dialogs.h"
+#include "ui/main_window.h"
+#include "workspace_fixture.h"
+
+namespace {
+
+class ListScreens : public kvtest::WorkspaceTest {
+protected:
+    void SetUp() override {
+        kvtest::WorkspaceTest::SetUp();
+        kv::PrepareWorkspace(ws);
+        ws.statusWord = 108;  // no welcome screen
+        kv::SchemeScreen scheme;
+        ASSERT_TRUE(kvtest::OpenSampleScheme(ws, scheme, "AirWater_R290.prj"));
+        ASSERT_TRUE(kv::CalculateButton(ws, scheme));
+        ASSERT_TRUE(kv::GenerateLists(ws).ok);
+    }
+    void Shot(QWidget* w, const char* name) {
+        const QByteArray shots = qgetenv("KV_SCREENSHOTS");
+        if (!shots.isEmpty()) w->grab().save(QString::fromLocal8Bit(shots) + QLatin1Char('/') + QLatin1String(name));
+    }
+};
+
+TEST_F(ListScreens, PartsListIsEditedSavedAndReadBack) {
+    kvui::MainWindow window(ws);
+    window.show();
+    window.findChild<QPushButton*>(QStringLiteral("UnitsList"))->click();
+    auto* lists = window.findChild<kvui::ListDialog*>();
+    ASSERT_NE(lists, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(lists));
+    EXPECT_EQ(lists->CurrentTab(), 1);  // the units list
+    lists->ShowList(0);
+    Shot(lists, "parts_list.png");
+
+    QTableWidget* parts = lists->Grid(0);
+    const int rows = parts->rowCount();
+    ASSERT_GT(rows, 3);
+    EXPECT_EQ(parts->item(0, 1)->text().toStdString(), ws.captions[kv::Cap::KindBallValve]);
+    // A quantity typed in, a row copied to the top, the last one deleted.
+    parts->item(0, 0)->setText(QStringLiteral("7"));
+    parts->setCurrentCell(1, 0);
+    lists->CopyRows();
+    parts->setCurrentCell(0, 0);
+    lists->PasteRows();
+    EXPECT_EQ(parts->rowCount(), rows + 1);
+    parts->setCurrentCell(rows, 0);
+    parts->selectRow(rows);
+    lists->DeleteRows();
+    EXPECT_EQ(parts->rowCount(), rows);
+    ASSERT_TRUE(lists->Save());
+
+    const kv::ListFile file = kv::ReadListFile(ws, kv::lists::kParts, kv::lists::kPartsHeader, kv::lists::kUnitRow);
+    ASSERT_EQ(file.rows.size(), static_cast<std::size_t>(rows));
+    EXPECT_EQ(file.rows[1][7], "7");          // the edited row, now second
+    EXPECT_EQ(file.rows[0][1], file.rows[2][1]);  // the copy and its original
+    EXPECT_EQ(file.header[7], "");             // rewritten by the screen
+    // The screen writes change blocks of 24 items, one per component row.
+    int components = 0;
+    for (const auto& r : file.rows) components += !r[0].empty();
+    const std::string change = kv::ReadWholeFile(kv::ResolveName(ws, kv::lists::kPartsChange));
+    EXPECT_EQ(std::count(change.begin(), change.end(), '\n'), 24 * components);
+
+    // The costing choice is kept for the costing run.
+    auto* box = lists->findChild<QTabWidget*>()->widget(2)->findChild<QCheckBox*>(QStringLiteral("Costing"));
+    ASSERT_NE(box, nullptr);
+    box->setChecked(false);
+    EXPECT_FALSE(kv::ReadCostingChoice(ws)[2]);
+
+    // The PED list is built from the lists with the pressures of the blocks.
+    ASSERT_TRUE(lists->RebuildPed());
+    EXPECT_GE(lists->Grid(5)->rowCount(), 4);
+    Shot(lists, "ped_list.png");
+    lists->close();
+}
+
+TEST_F(ListScreens, LineAndElectricalData) {
+    kvui::MainWindow window(ws);
+    window.show();
+    window.findChild<QPushButton*>(QStringLiteral("Options"))->click();
+    auto* d = window.findChild<kvui::LineElectricDialog*>();
+    ASSERT_NE(d, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(d));
+    auto* wiring = d->findChild<QTableWidget*>(QStringLiteral("Wiring"));
+    ASSERT_GE(wiring->rowCount(), 4);  // compressor, fans, valve coils
+    EXPECT_TRUE(wiring->item(0, 2)->text().contains(QStringLiteral("mm²")));
+    Shot(d, "line_electric.png");
+
+    auto* lines = d->findChild<QTableWidget*>(QStringLiteral("Lines"));
+    lines->item(kv::Suction - 1, 0)->setText(QStringLiteral("abc"));
+    EXPECT_FALSE(d->Apply());
+    EXPECT_FALSE(d->findChild<QLabel*>(QStringLiteral("Message"))->text().isEmpty());
+    lines->item(kv::Suction - 1, 0)->setText(QStringLiteral("12,5"));
+    d->findChild<QLineEdit*>(QStringLiteral("Insulation4"))->setText(QStringLiteral("9"));
+    ASSERT_TRUE(d->Apply());
+    EXPECT_EQ(ws.project.Geometr.Cell(kv::Suction, kv::GeoLength), "12,5");
+    const kv::ListFile wire = kv::ReadListFile(ws, kv::lists::kWiring, kv::lists::kHeader, kv::lists::kPipeRow);
+    EXPECT_EQ(wire.rows.size(), static_cast<std::size_t>(wiring->rowCount()));
+}
+
+// The cable of a load carries its current and keeps the drop within 3 %.
+TEST(Cables, CrossSectionByCurrentAndDrop) {
+    EXPECT_EQ(kv::CableCrossSection(10, 10, 400, true), 1.5);
+    EXPECT_EQ(kv::CableCrossSection(30, 10, 400, true), 4);
+    // A long run: the drop, not the current, decides.
+    EXPECT_GT(kv::CableCrossSection(10, 200, 400, true), 1.5);
+    EXPECT_NEAR(kv::LoadCurrent(10, 400, true), 16.98, 0.01);
+    EXPECT_EQ(kv::ConductorText(5, 2.5), "5 x 2.5 mm²");
+}
+
+}  // namespace
