@@ -79,5 +79,7 @@ int CmdMatchcode(const Options& o);
 int CmdSelect(const Options& o);
 // Calculates a project and generates its parts lists.
 int CmdLists(const Options& o);
+// Classifies a project's plant under the Pressure Equipment Directive.
+int CmdPed(const Options& o);
 
 }  // namespace kvcli

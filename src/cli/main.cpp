@@ -53,6 +53,9 @@ Commands:
   lists PROJECT.prj [--out-dir DIR]
                                calculates the project, generates its parts lists and prints
                                parts, units, pipes, fittings and the refrigerant charge
+  ped PROJECT.prj [--high 1|2|3]
+                               PED classification of the plant (high side at 43, 55 or 63 °C);
+                               writes the protocols PEDpar.DAT, PEDpar2.DAT and ECOpar.DAT
   help                         this text
 
 Options:
@@ -179,7 +182,7 @@ int main(int argc, char** argv) {
             else if (key == "drive" || key == "principle") o.values[key] = value;
             else if (key == "out" || key == "fluid" || key == "t0" || key == "tc") o.values[key] = value;
             else if (key == "group") o.values[key] = value;
-            else if (key == "kind" || key == "line" || key == "series" || key == "out-dir") o.values[key] = value;
+            else if (key == "kind" || key == "line" || key == "series" || key == "out-dir" || key == "high") o.values[key] = value;
             else if (key == "di" || key == "length" || key == "m" || key == "rho" || key == "eta" || key == "zeta" ||
                      key == "height" || key == "rho-liquid" || key == "rho-vapour" || key == "eta-vapour" ||
                      key == "eta-liquid" || key == "x")
@@ -207,6 +210,7 @@ int main(int argc, char** argv) {
     if (cmd == "matchcode") return CmdMatchcode(o);
     if (cmd == "select") return CmdSelect(o);
     if (cmd == "lists") return CmdLists(o);
+    if (cmd == "ped") return CmdPed(o);
     std::cerr << "kelvaris-cli: unknown command " << cmd << "\n" << kUsage;
     return 2;
 }

@@ -17,6 +17,7 @@
 #include "project/project.h"
 #include "shell/captions.h"
 #include "shell/workspace.h"
+#include "ui/ped_dialog.h"
 #include "ui/qt_interface.h"
 
 namespace kvui {
@@ -85,8 +86,15 @@ ListDialog::ListDialog(kv::Workspace& ws, const QString& file, QWidget* parent) 
     QPushButton* paste = NamedButton(Q(c[kv::Cap::Paste]), "Paste");
     QPushButton* reselect = NamedButton(Q(c[kv::Cap::BtnReselect]), "Reselect");
     QPushButton* ped = NamedButton(Q(c[kv::Cap::PedList]), "RebuildPed");
+    QPushButton* protocol = NamedButton(Q(c[kv::PedWord::Protocol]) + QStringLiteral(" PED"), "PedProtocol");
     QPushButton* save = NamedButton(Q(c[kv::Cap::Save]), "Save");
     QPushButton* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
+    connect(protocol, &QPushButton::clicked, this, [this] {
+        auto* d = new PedDialog(ws_, this);
+        d->setAttribute(Qt::WA_DeleteOnClose);
+        d->setWindowModality(Qt::WindowModal);
+        d->open();
+    });
     connect(insert, &QPushButton::clicked, this, &ListDialog::InsertRow);
     connect(remove, &QPushButton::clicked, this, &ListDialog::DeleteRows);
     connect(copy, &QPushButton::clicked, this, &ListDialog::CopyRows);
@@ -98,7 +106,7 @@ ListDialog::ListDialog(kv::Workspace& ws, const QString& file, QWidget* parent) 
     message_ = new QLabel;
     message_->setObjectName(QStringLiteral("Message"));
     auto* buttons = new QHBoxLayout;
-    for (QPushButton* b : {insert, remove, copy, paste, reselect, ped}) buttons->addWidget(b);
+    for (QPushButton* b : {insert, remove, copy, paste, reselect, ped, protocol}) buttons->addWidget(b);
     buttons->addStretch(1);
     buttons->addWidget(save);
     buttons->addWidget(close);

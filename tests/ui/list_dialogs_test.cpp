@@ -18,6 +18,8 @@
 #include "shell/files.h"
 #include "shell/startup.h"
 #include "ui/list_dialogs.h"
+#include "ui/ped_dialog.h"
+#include <QRadioButton>
 #include "ui/main_window.h"
 #include "workspace_fixture.h"
 
@@ -124,6 +126,33 @@ TEST(Cables, CrossSectionByCurrentAndDrop) {
     EXPECT_GT(kv::CableCrossSection(10, 200, 400, true), 1.5);
     EXPECT_NEAR(kv::LoadCurrent(10, 400, true), 16.98, 0.01);
     EXPECT_EQ(kv::ConductorText(5, 2.5), "5 x 2.5 mm²");
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(ListScreens, PedProtocolFromTheListScreen) {
+    kvui::ListDialog lists(ws, QStringLiteral("PEDlist.dat"));
+    lists.show();
+    lists.findChild<QPushButton*>(QStringLiteral("PedProtocol"))->click();
+    auto* ped = lists.findChild<kvui::PedDialog*>();
+    ASSERT_NE(ped, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(ped));
+    auto* table = ped->findChild<QTableWidget*>(QStringLiteral("PedTable"));
+    EXPECT_EQ(table->item(4, 1)->text(), QStringLiteral("PS * V"));
+    const QString at43 = ped->findChild<QLineEdit*>(QStringLiteral("PS2"))->text();
+    ped->findChild<QRadioButton*>(QStringLiteral("High3"))->click();
+    EXPECT_GT(ped->findChild<QLineEdit*>(QStringLiteral("PS2"))->text().toDouble(), at43.toDouble());
+    Shot(ped, "ped_protocol.png");
+    // A pressure typed with a comma is classified anew.
+    auto* ps2 = ped->findChild<QLineEdit*>(QStringLiteral("PS2"));
+    ps2->setText(QStringLiteral("40,5"));
+    ped->Classify();
+    EXPECT_EQ(ped->findChild<QLabel*>(QStringLiteral("PS2x11"))->text(), QStringLiteral("44.55"));
+    ped->findChild<QPushButton*>(QStringLiteral("Protocol"))->click();
+    EXPECT_GT(kv::FileLength(ws, "PEDpar.DAT"), 100u);
+    ped->close();
 }
 
 }  // namespace
