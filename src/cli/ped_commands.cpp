@@ -4,6 +4,8 @@
 #include "cli.h"
 #include "compliance/ped.h"
 #include "cycle/scheme_screen.h"
+#include "energy/annual.h"
+#include "shell/text.h"
 #include "lists/calc_lists.h"
 #include "lists/list_generation.h"
 #include "lists/list_rows.h"
@@ -26,7 +28,11 @@ int CmdPed(const Options& o) {
     kv::GenerateLists(ws);
     kv::PedScreen s;
     kv::OpenPedScreen(ws, s, static_cast<int>(high));
-    const bool written = kv::WritePedProtocol(ws, s) && kv::WriteEcoProtocol(ws);
+    // A heat pump's eco protocol carries the figures of its typical year.
+    kv::SeasonalResult year;
+    const std::string type = kv::UpperAscii(ws.project.AnlagenTyp);
+    if (type == "HEATP" || type == "HEATPUMP-2ST") year = kv::RechKern(ws, scheme);
+    const bool written = kv::WritePedProtocol(ws, s) && kv::WriteEcoProtocol(ws, &year);
 
     nlohmann::json j;
     j["ps1"] = s.ps1;

@@ -6,6 +6,7 @@
 #include "catalogue/catalogue.h"
 #include "catalogue/selection.h"
 #include "catalogue/selection_table.h"
+#include "energy/annual.h"
 #include "lists/list_generation.h"
 #include "lists/list_rows.h"
 #include "project/project.h"
@@ -313,7 +314,7 @@ int LeakCheckMonths(double tonnesCo2e, bool leakDetection) {
     return leakDetection ? 2 * months : months;
 }
 
-bool WriteEcoProtocol(Workspace& ws) {
+bool WriteEcoProtocol(Workspace& ws, const SeasonalResult* year) {
     const Captions& c = ws.captions;
     const Project& p = ws.project;
     const CycleState& cyc = ws.cycle;
@@ -327,6 +328,11 @@ bool WriteEcoProtocol(Workspace& ws) {
     pair(c[Cap::Refrigerant], p.KaelteM);
     pair("EER", NumberText(Cut(cyc.eer, 2)));
     pair("COP", NumberText(Cut(cyc.cop, 2)));
+    if (year && year->ran && year->scop > 0) {
+        pair("sCOP", NumberText(year->scop));
+        pair("ETAs,h /[%]", NumberText(year->etaSh));
+        pair(c[PedWord::AnnualEnergy] + " /[kWh]", NumberText(std::trunc(year->energyTotal)));
+    }
     const std::array<double, 2> charge = ReadCharge(ws);
     const double kg = std::max(charge[0], charge[1]);
     const double tonnes = kg * p.Gwp / 1000;

@@ -78,8 +78,10 @@ void ClassifyPlant(Workspace& ws, PedScreen& s);
 // result sets.
 bool WritePedProtocol(Workspace& ws, const PedScreen& s);
 // The eco protocol ECOpar.DAT: efficiency, refrigerant, charge, CO2
-// equivalent and the leak check interval.
-bool WriteEcoProtocol(Workspace& ws);
+// equivalent and the leak check interval; with the year of a heat pump its
+// sCOP, ETAs,h and energy per year.
+struct SeasonalResult;
+bool WriteEcoProtocol(Workspace& ws, const SeasonalResult* year = nullptr);
 // Months between leak checks under regulation (EU) 2024/573 for a charge of
 // `tonnesCo2e`; 0 below the 5 t threshold. A leak detection system doubles it.
 int LeakCheckMonths(double tonnesCo2e, bool leakDetection);
