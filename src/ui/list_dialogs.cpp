@@ -3,12 +3,16 @@
 #include <algorithm>
 
 #include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGuiApplication>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -87,8 +91,15 @@ ListDialog::ListDialog(kv::Workspace& ws, const QString& file, QWidget* parent) 
     QPushButton* reselect = NamedButton(Q(c[kv::Cap::BtnReselect]), "Reselect");
     QPushButton* ped = NamedButton(Q(c[kv::Cap::PedList]), "RebuildPed");
     QPushButton* protocol = NamedButton(Q(c[kv::PedWord::Protocol]) + QStringLiteral(" PED"), "PedProtocol");
+    QPushButton* orders = NamedButton(Q(c[kv::Cap::OrderNumbersTitle]), "BestellN");
     QPushButton* save = NamedButton(Q(c[kv::Cap::Save]), "Save");
     QPushButton* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
+    connect(orders, &QPushButton::clicked, this, [this] {
+        auto* d = new OrderNumbersDialog(ws_, this);
+        d->setAttribute(Qt::WA_DeleteOnClose);
+        d->setWindowModality(Qt::WindowModal);
+        d->open();
+    });
     connect(protocol, &QPushButton::clicked, this, [this] {
         auto* d = new PedDialog(ws_, this);
         d->setAttribute(Qt::WA_DeleteOnClose);
@@ -106,7 +117,7 @@ ListDialog::ListDialog(kv::Workspace& ws, const QString& file, QWidget* parent) 
     message_ = new QLabel;
     message_->setObjectName(QStringLiteral("Message"));
     auto* buttons = new QHBoxLayout;
-    for (QPushButton* b : {insert, remove, copy, paste, reselect, ped, protocol}) buttons->addWidget(b);
+    for (QPushButton* b : {insert, remove, copy, paste, reselect, ped, protocol, orders}) buttons->addWidget(b);
     buttons->addStretch(1);
     buttons->addWidget(save);
     buttons->addWidget(close);
@@ -343,6 +354,56 @@ void LineElectricDialog::Propose() {
     Take();
     screen_.wiring = kv::ProposeWiring(ws_);
     Fill();
+}
+
+OrderNumbersDialog::OrderNumbersDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent) {
+    setObjectName(QStringLiteral("BestellN"));
+    const kv::Captions& c = ws.captions;
+    setWindowTitle(Q(c[kv::Cap::OrderNumbersTitle]));
+    kv::OpenOrderNumbers(ws, screen_);
+    auto* makers = makers_ = new QComboBox;
+    makers->setObjectName(QStringLiteral("Makers"));
+    makers->addItem(QStringLiteral("*"));
+    for (const std::string& m : screen_.makers) makers->addItem(Q(m));
+    connect(makers, &QComboBox::currentIndexChanged, this, [this](int i) { ChooseMaker(i - 1); });
+    grid_ = ChoiceGrid({Q(c[kv::Cap::ColQuantity]), Q(c[kv::Cap::ColOrderNo]), Q(c[kv::Cap::TypeDesignation]),
+                        Q(c[kv::Cap::ColComponent]), Q(c[kv::Cap::Manufacturer])},
+                       "Orders");
+    QPushButton* copy = NamedButton(Q(c[kv::Cap::Copy]), "Copy");
+    QPushButton* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
+    connect(copy, &QPushButton::clicked, this,
+            [this] { QGuiApplication::clipboard()->setText(Q(kv::OrderText(screen_))); });
+    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+    auto* top = new QFormLayout;
+    top->addRow(Q(c[kv::Cap::Manufacturer]), makers);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(copy);
+    buttons->addStretch(1);
+    buttons->addWidget(close);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(top);
+    layout->addWidget(grid_, 1);
+    layout->addLayout(buttons);
+    Fill();
+    resize(820, 480);
+}
+
+void OrderNumbersDialog::ChooseMaker(int maker) {
+    kv::ChooseOrderMaker(screen_, maker);
+    const QSignalBlocker quiet(makers_);
+    makers_->setCurrentIndex(screen_.maker + 1);
+    Fill();
+}
+
+void OrderNumbersDialog::Fill() {
+    grid_->setRowCount(static_cast<int>(screen_.shown.size()));
+    for (int r = 0; r < static_cast<int>(screen_.shown.size()); ++r) {
+        const kv::OrderLine& l = screen_.shown[static_cast<std::size_t>(r)];
+        const QString cells[5] = {QString::number(l.quantity), Q(l.orderNumber), Q(l.designation), Q(l.kind),
+                                  Q(l.maker)};
+        for (int col = 0; col < 5; ++col) grid_->setItem(r, col, new QTableWidgetItem(cells[col]));
+    }
+    grid_->resizeColumnsToContents();
 }
 
 }  // namespace kvui

@@ -9,8 +9,10 @@
 
 #include "lists/line_electric_screen.h"
 #include "lists/list_screen.h"
+#include "lists/order_numbers.h"
 
 class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QTabWidget;
@@ -72,6 +74,21 @@ private:
     QTableWidget* wiring_ = nullptr;
     std::array<QLineEdit*, 5> insulation_{};
     QLabel* message_ = nullptr;
+};
+
+// The order number screen: the articles of the lists by maker.
+class OrderNumbersDialog : public QDialog {
+    Q_OBJECT
+public:
+    explicit OrderNumbersDialog(kv::Workspace& ws, QWidget* parent = nullptr);
+    kv::OrderNumbersScreen& Model() { return screen_; }
+    void ChooseMaker(int maker);  // -1 all
+
+private:
+    void Fill();
+    kv::OrderNumbersScreen screen_;
+    QTableWidget* grid_ = nullptr;
+    QComboBox* makers_ = nullptr;
 };
 
 }  // namespace kvui

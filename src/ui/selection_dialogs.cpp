@@ -11,6 +11,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -19,6 +20,7 @@
 #include "shell/text.h"
 #include "shell/numbers.h"
 #include "shell/workspace.h"
+#include "ui/list_dialogs.h"
 #include "ui/qt_interface.h"
 
 namespace kvui {
@@ -77,6 +79,13 @@ AccessorySelectionDialog::AccessorySelectionDialog(kv::Workspace& ws, QWidget* p
     auto* adopt = NamedButton(Q(c[kv::Cap::PreselectUnit]), "ueberN");
     auto* table = NamedButton(Q(c[kv::Cap::ComponentSelectionTitle]), "VentZeig");
     auto* start = NamedButton(Q(c[kv::Cap::StartDesign]), "AuslegStart");
+    auto* orders = NamedButton(Q(c[kv::Cap::OrderNumbersTitle]), "BestellN");
+    connect(orders, &QPushButton::clicked, this, [this] {
+        auto* d = new OrderNumbersDialog(ws_, this);
+        d->setAttribute(Qt::WA_DeleteOnClose);
+        d->setWindowModality(Qt::WindowModal);
+        d->open();
+    });
     auto* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
     auto* quick = new QRadioButton(Q(c[kv::Cap::QuickSelection]));
     quick->setObjectName(QStringLiteral("SchnellAW"));
@@ -104,7 +113,7 @@ AccessorySelectionDialog::AccessorySelectionDialog(kv::Workspace& ws, QWidget* p
     auto* actions = new QHBoxLayout;
     for (QWidget* w : {static_cast<QWidget*>(use), static_cast<QWidget*>(adopt), static_cast<QWidget*>(table),
                        static_cast<QWidget*>(clear), static_cast<QWidget*>(quick), static_cast<QWidget*>(single),
-                       static_cast<QWidget*>(start), static_cast<QWidget*>(close)})
+                       static_cast<QWidget*>(start), static_cast<QWidget*>(orders), static_cast<QWidget*>(close)})
         actions->addWidget(w);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(kinds);
@@ -204,6 +213,20 @@ ComponentSelectionDialog::ComponentSelectionDialog(kv::Workspace& ws, int catalo
     body->addWidget(seriesList_, 1);
     body->addWidget(grid_, 4);
     auto* actions = new QHBoxLayout;
+    // A compressor series is rated at the inverter frequency of the plant.
+    if (catalogPosition_ - 2 == 550) {
+        frequency_ = new QSpinBox;
+        frequency_->setObjectName(QStringLiteral("Frequency"));
+        const int low = static_cast<int>(kv::ToNumber(ws_.project.InverterMin)), high = static_cast<int>(kv::ToNumber(ws_.project.InverterMax));
+        frequency_->setRange(std::min(low > 0 ? low : 30, 50), std::max(high > 0 ? high : 70, 50));
+        frequency_->setSuffix(QStringLiteral(" Hz"));
+        const int run = static_cast<int>(kv::ToNumber(ws_.project.Frequency));
+        frequency_->setValue(run > 0 ? run : 50);
+        connect(frequency_, &QSpinBox::valueChanged, this, &ComponentSelectionDialog::SetFrequency);
+        actions->addWidget(new QLabel(Q(c[kv::Cap::FrequencyWord])));
+        actions->addWidget(frequency_);
+        actions->addStretch(1);
+    }
     actions->addWidget(adopt);
     actions->addWidget(close);
     auto* layout = new QVBoxLayout(this);
@@ -225,7 +248,15 @@ void ComponentSelectionDialog::ShowSeries(int row) {
     duty.qCond = catalogPosition_ - 2 == 650 ? (ws_.cycle.Qh > 0 ? ws_.cycle.Qh : ws_.cycle.Q0 + ws_.cycle.pShaft)
                                              : ws_.cycle.Q0;
     table_ = kv::BuildSelectionTable(ws_, catalogPosition_, e.base, e.position, duty);
+    if (frequency_ && frequency_->value() != 50) kv::RateAtFrequency(ws_, table_, frequency_->value());
     FillGrid();
+}
+
+void ComponentSelectionDialog::SetFrequency(int hz) {
+    if (frequency_ && frequency_->value() != hz) frequency_->setValue(hz);  // comes back here
+    ShowSeries(seriesList_->currentRow());
+    // The frequency goes with the project, as the report names it.
+    ws_.project.Frequency = std::to_string(hz);
 }
 
 void ComponentSelectionDialog::FillGrid() {

@@ -13,6 +13,7 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QRadioButton;
+class QSpinBox;
 class QTableWidget;
 
 namespace kv { struct Workspace; }
@@ -57,6 +58,8 @@ public:
     void ShowSeries(int row);
     // VentUeberNehm: adopts a grid row and closes.
     bool Adopt(int row);
+    // Compressor series: the rows at an inverter frequency, Hz.
+    void SetFrequency(int hz);
 
 private:
     void FillGrid();
@@ -68,6 +71,7 @@ private:
     QListWidget* seriesList_ = nullptr;
     QTableWidget* grid_ = nullptr;
     QLabel* message_ = nullptr;
+    QSpinBox* frequency_ = nullptr;
 };
 
 }  // namespace kvui

@@ -265,3 +265,20 @@ TEST_F(Lists, ScreenReadsAndWritesByTheListRules) {
 }
 
 }  // namespace
+
+namespace {
+
+// A connection named in inches is given in mm by the inch series; a metric
+// size name by its own series; anything else stands.
+TEST_F(Lists, ConnectionsInMillimetres) {
+    Calculate("AirWater_R290.prj");
+    kv::PipeTable inch;
+    ASSERT_GT(kv::LoadPipeTable(ws, "RohrIN.DAT", inch, false), 0);
+    EXPECT_EQ(kv::ConnectionMillimetres(ws, inch, "5/8'"), "15.88");
+    EXPECT_EQ(kv::ConnectionMillimetres(ws, inch, " 1/2\""), "12.7");
+    EXPECT_EQ(kv::ConnectionMillimetres(ws, inch, "22 x 1"), "22");
+    EXPECT_EQ(kv::ConnectionMillimetres(ws, inch, "12X18"), "12X18");
+    EXPECT_EQ(kv::ConnectionMillimetres(ws, inch, "9/9'"), "9/9'");
+}
+
+}  // namespace

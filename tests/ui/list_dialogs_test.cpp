@@ -19,6 +19,7 @@
 #include "shell/startup.h"
 #include "ui/list_dialogs.h"
 #include "ui/ped_dialog.h"
+#include "ui/scheme_dialog.h"
 #include <QRadioButton>
 #include "ui/main_window.h"
 #include "workspace_fixture.h"
@@ -153,6 +154,33 @@ TEST_F(ListScreens, PedProtocolFromTheListScreen) {
     ped->findChild<QPushButton*>(QStringLiteral("Protocol"))->click();
     EXPECT_GT(kv::FileLength(ws, "PEDpar.DAT"), 100u);
     ped->close();
+
+    // The scheme names the units the lists took.
+    kvui::SchemeDialog scheme(ws);
+    scheme.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&scheme));
+    Shot(&scheme, "plant_scheme_units.png");
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(ListScreens, OrderNumbersByMaker) {
+    kvui::OrderNumbersDialog d(ws);
+    const kv::OrderNumbersScreen& m = d.Model();
+    ASSERT_FALSE(m.makers.empty());
+    ASSERT_FALSE(m.all.empty());
+    // Equal order numbers are one line: the ball valves of two lines add up.
+    int lines = 0;
+    for (const kv::OrderLine& l : m.all) lines += l.orderNumber == m.all.front().orderNumber && l.maker == m.all.front().maker;
+    EXPECT_EQ(lines, 1);
+    // Accessories keep their own order number.
+    EXPECT_TRUE(std::any_of(m.all.begin(), m.all.end(), [](const kv::OrderLine& l) { return l.orderNumber == "CV 90-0230"; }));
+    d.ChooseMaker(0);
+    for (const kv::OrderLine& l : m.shown) EXPECT_EQ(l.maker, m.makers[0]);
+    EXPECT_EQ(d.findChild<QTableWidget*>(QStringLiteral("Orders"))->rowCount(), static_cast<int>(m.shown.size()));
+    Shot(&d, "order_numbers.png");
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTableWidget>
 
 #include "cycle/kernel.h"
@@ -65,6 +66,21 @@ TEST_F(SelectionScreens, TableRatesTheCondensersAndAdoptsARow) {
     EXPECT_EQ(d.result(), QDialog::Accepted);
     EXPECT_NE(Get("BT_calc.DAT").find("Eff_class"), std::string::npos);
     EXPECT_EQ(kv::ReadPark(ws, kv::kMainUnitPark).at(2).row[1], t.rows[static_cast<std::size_t>(t.marked)].type);
+}
+
+// A compressor series at an inverter frequency: more swept volume, more
+// capacity, and the frequency goes with the project.
+TEST_F(SelectionScreens, CompressorTableAtAnInverterFrequency) {
+    const kv::SeriesChoice compressors = kv::ReadSeriesChoices(ws, false).at(13);
+    kvui::ComponentSelectionDialog d(ws, 552, compressors.file.substr(0, 7), compressors.position);
+    ASSERT_FALSE(d.Table().rows.empty());
+    const double at50 = d.Table().rows[0].rated;
+    auto* hz = d.findChild<QSpinBox*>(QStringLiteral("Frequency"));
+    ASSERT_NE(hz, nullptr);
+    hz->setValue(70);
+    EXPECT_NEAR(d.Table().rows[0].rated, at50 * 1.4, at50 * 0.1);
+    EXPECT_TRUE(d.findChild<QLabel*>(QStringLiteral("Meldung"))->text().endsWith(QStringLiteral("(70 Hz)")));
+    EXPECT_EQ(ws.project.Frequency, "70");
 }
 
 TEST_F(SelectionScreens, SchemeScreenOpensTheSelection) {

@@ -114,4 +114,15 @@ std::string ChosenHeatExchanger(const Workspace& ws) {
     return std::string(Trim(type));
 }
 
+std::string ChosenHeatExchanger(const Workspace& ws, int groupCode) {
+    RecordReader in = OpenIn(ws, "hx_prj1.dat");
+    std::string type, cls, group, skip;
+    in.Read(type);
+    for (int i = 0; i < 4; ++i) in.Read(skip);
+    in.Read(cls);
+    in.Read(group);
+    if (Trim(type).empty() || static_cast<int>(ToNumber(Trim(group))) != groupCode) return {};
+    return std::string(Trim(type)) + (Trim(cls).empty() ? "" : "  (" + std::string(Trim(cls)) + ")");
+}
+
 }  // namespace kv

@@ -54,5 +54,8 @@ std::vector<HeatExchangerCandidate> SearchHeatExchangers(const Workspace& ws, in
 bool WriteChosenHeatExchanger(const Workspace& ws, int groupCode, const HeatExchangerCandidate& c);
 // The designation kept in hx_prj1.dat for the plant scheme; empty when none.
 std::string ChosenHeatExchanger(const Workspace& ws);
+// The same for one group (600 air cooler, 650 condenser), with its energy
+// class behind it; empty when the chosen unit is of another group.
+std::string ChosenHeatExchanger(const Workspace& ws, int groupCode);
 
 }  // namespace kv

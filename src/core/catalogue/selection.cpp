@@ -401,6 +401,25 @@ void ClearParks(const Workspace& ws) {
     WriteFileAtomic(ResolveName(ws, kFittingsPark), "");
 }
 
+std::string ConnectionMillimetres(const Workspace& ws, const PipeTable& inch, std::string_view text) {
+    const std::string_view t = Trim(text);
+    auto bare = [](std::string_view name) {
+        std::string out;
+        for (char ch : name.substr(0, name.find_first_of("'\"")))
+            if (ch != ' ') out += ch;
+        return out;
+    };
+    if (t.find_first_of("/'") != std::string_view::npos) {
+        const std::string key = bare(t);
+        for (int row = 1; row <= inch.PipeRowCount; ++row)
+            if (!key.empty() && bare(inch.Name(row)) == key) return NumberText(inch.Da(row));
+        return std::string(t);
+    }
+    for (int row = 1; row <= ws.pipes.PipeRowCount; ++row)
+        if (EqualsNoCase(Trim(ws.pipes.Name(row)), t)) return NumberText(ws.pipes.Da(row));
+    return std::string(t);
+}
+
 ParkEntry ParkEntryOf(const SelectionResult& r, const SelectRequest& q) {
     ParkEntry e;
     e.row = r.listRow;
@@ -600,6 +619,18 @@ SelectionResult SelectComponent(Workspace& ws, SelectionState& st, const SelectR
                      ? r.article.Field(field::Connection)
                      : r.article.Field(field::PMax);
     if (r.sizeText.empty()) r.sizeText = DefaultConnection(q.kind);
+    {
+        PipeTable own;
+        const PipeTable* inch = &own;
+        if (st.files) {
+            if (!st.files->inchRead) LoadPipeTable(ws, "RohrIN.DAT", st.files->inch, false);
+            st.files->inchRead = true;
+            inch = &st.files->inch;
+        } else if (r.sizeText.find_first_of("/'") != std::string::npos) {
+            LoadPipeTable(ws, "RohrIN.DAT", own, false);
+        }
+        r.sizeText = ConnectionMillimetres(ws, *inch, r.sizeText);
+    }
     if (st.mode != SelectNoAccessories) {
         for (int b = 0; b < field::AccessoryBlocks; ++b) {
             const int f = field::FirstAccessory + 4 * b;

@@ -14,6 +14,7 @@
 
 #include "catalogue/article.h"
 #include "catalogue/catalogue.h"
+#include "lines/pipe_table.h"
 
 namespace kv {
 
@@ -194,7 +195,15 @@ struct SelectionFiles {
     std::vector<SeriesChoice> choices;
     std::vector<ParkEntry> mainPark, fittingsPark;
     std::map<std::pair<std::string, int>, SeriesRows> series;
+    bool inchRead = false;
+    PipeTable inch;  // the inch series, for connections named in inches
 };
+
+// The connection of an article in mm: a name in inches ("5/8'", "1 1/8'")
+// is looked up in the inch pipe series and gives its outside diameter; a
+// name of the metric series ("22 x 1") gives its outside diameter too; any
+// other text stands as it is.
+std::string ConnectionMillimetres(const Workspace& ws, const PipeTable& inch, std::string_view text);
 
 // The park entry of a taken article.
 ParkEntry ParkEntryOf(const SelectionResult& r, const SelectRequest& q);

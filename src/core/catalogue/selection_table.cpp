@@ -154,7 +154,8 @@ SelectionTable BuildSelectionTable(const Workspace& ws, int catalogPosition, std
             row.rated = HeatExchangerCapacity(plant, t.group, a, duty.unitFlag);
             row.energyClass = EnergyClass(t.group, a);
         } else if (q.kind == 12) {
-            row.rated = CompressorCapacity(ws, a.Number(field::Size));
+            row.sweptVolume = a.Number(field::Size);
+            row.rated = CompressorCapacity(ws, row.sweptVolume);
         } else {
             row.rating = RateRow(plant, q, a, static_cast<int>(i) + 1);
             row.rated = row.rating.capacity;
@@ -170,6 +171,25 @@ SelectionTable BuildSelectionTable(const Workspace& ws, int catalogPosition, std
     }
     t.messageLine = QoMessage(t.qMin, t.qMax);
     return t;
+}
+
+void RateAtFrequency(const Workspace& ws, SelectionTable& t, double fRun, double fNet) {
+    if (t.group != 550 || !(fRun > 0) || !(fNet > 0)) return;
+    t.frequency = fRun == fNet ? 0.0 : fRun;
+    t.marked = -1;
+    t.qMin = t.qMax = 0;
+    for (std::size_t i = 0; i < t.rows.size(); ++i) {
+        SelectionTableRow& row = t.rows[i];
+        row.rated = CompressorCapacity(ws, row.sweptVolume * fRun / fNet);
+        if (!std::isfinite(row.rated)) row.rated = 0;
+        row.band = BandOf(row.rated, t.duty, false);
+        row.colour = BandColour(row.band);
+        row.meetsDuty = t.duty > 0 && !(row.rated < t.duty);
+        if (row.meetsDuty && t.marked < 0) t.marked = static_cast<int>(i);
+        if (i == 0 || row.rated < t.qMin) t.qMin = row.rated;
+        t.qMax = std::max(t.qMax, row.rated);
+    }
+    t.messageLine = QoMessage(t.qMin, t.qMax) + (t.frequency > 0 ? " (" + NumberText(fRun) + " Hz)" : std::string());
 }
 
 bool BtFileCreate(const Workspace& ws, const SelectionTable& t, const SelectionTableRow& row) {

@@ -55,6 +55,7 @@ struct SelectionTableRow {
     std::string energyClass;
     bool meetsDuty = false;
     RatedRow rating;      // the figures of the kind's rule
+    double sweptVolume = 0.0;  // compressors: m³/h at the mains frequency of the catalogue
 };
 
 struct SelectionTable {
@@ -67,7 +68,14 @@ struct SelectionTable {
     int marked = -1;          // index of the first row that meets the duty
     double qMin = 0.0, qMax = 0.0;
     std::string messageLine;  // "Qo min = ... kW, Qo max = ... kW"
+    double frequency = 0.0;   // compressors run by an inverter: the frequency of the figures, Hz; 0 the mains
 };
+
+// Rates the rows of a compressor table at an inverter frequency `fRun`: the
+// swept volume grows with the frequency over the mains frequency `fNet` of
+// the catalogue, and the capacity with it; bands, marked row and the Qo
+// line follow. A table of another group is left as it is.
+void RateAtFrequency(const Workspace& ws, SelectionTable& t, double fRun, double fNet = 50);
 
 // The inputs of the table besides the plant's state.
 struct TableDuty {

@@ -1,5 +1,12 @@
 #include "cycle/scheme_picture.h"
 
+#include "catalogue/component_search.h"
+#include "catalogue/selection.h"
+#include "lists/list_generation.h"
+#include "lists/list_rows.h"
+#include "shell/numbers.h"
+#include "shell/text.h"
+
 #include <string>
 
 #include "cycle/scheme_screen.h"
@@ -16,8 +23,9 @@ const Rgb kLow{38, 92, 170};        // suction and injection: the low-pressure s
 const Rgb kBody{236, 240, 245};     // component bodies
 const Rgb kRed = PaletteColour(12);
 
-DrawFont Font(double size, bool bold = false) {
+DrawFont Font(double size, bool bold = false, bool italic = false) {
     DrawFont f;
+    f.italic = italic;
     f.family = "Arial";
     f.size = size;
     f.bold = bold;
@@ -111,6 +119,25 @@ DrawingList ComposeSchemePicture(const Workspace& ws, const SchemeScreen& s) {
     d.Ellipse(recX, recY + recH / 2, 10, recH / 2, frame, kBody);
     d.Ellipse(recX + recW, recY + recH / 2, 10, recH / 2, frame, kBody);
     d.Text(recX + recW / 2, recY - 6, c[Cap::KindReceiver], Font(12, true), kBlack, HAlign::Centre, VAlign::Bottom);
+
+    // The articles taken for the units: the heat exchanger chosen by hand,
+    // else the units list of the last list generation.
+    const ListFile units = ReadListFile(ws, lists::kUnits, lists::kHeader, lists::kUnitRow);
+    auto article = [&](int kind, int group) {
+        if (group > 0)
+            if (std::string hx = ChosenHeatExchanger(ws, group); !hx.empty()) return hx;
+        const std::string caption = KindListCaption(ws, kind);
+        for (const auto& row : units.rows)
+            if (row[0] == caption && Trim(row[1]) != Trim(kEmptyArticle)) return std::string(Trim(row[1]));
+        return std::string();
+    };
+    const Rgb kArticle{60, 60, 60};
+    if (const std::string a = article(14, 650); !a.empty())
+        d.Text(condX + condW / 2, condY + condH + 4, a, Font(12, false, true), kArticle, HAlign::Centre, VAlign::Top);
+    if (const std::string a = article(13, 600); !a.empty())
+        d.Text(evapX + evapW / 2, evapY - 4, a, Font(12, false, true), kArticle, HAlign::Centre, VAlign::Bottom);
+    if (const std::string a = article(12, 0); !a.empty())
+        d.Text(compX + compR + 8, yy + 2, a, Font(12, false, true), kArticle, HAlign::Left, VAlign::Top);
 
     // Expansion valve: two triangles tip to tip.
     d.Polyline({{valveX - 14, valveY - 14}, {valveX + 14, valveY + 14}, {valveX + 14, valveY - 14},

@@ -254,7 +254,10 @@ ListGeneration GenerateLists(Workspace& ws) {
         };
         for (const auto& acc : r.accessories) {
             const double own = ToNumber(acc[0]);
-            accessory(std::to_string(quantity * (own > 0 ? static_cast<int>(own) : 1)), acc[2] + " " + acc[1], acc[3]);
+            // The designation carries the accessory's order number behind a
+            // comma: the order column holds the parent's word.
+            accessory(std::to_string(quantity * (own > 0 ? static_cast<int>(own) : 1)),
+                      Trim(acc[2]).empty() ? acc[1] : acc[2] + ", " + acc[1], acc[3]);
         }
         if (!row[3].empty() && row[3].front() == '#') {
             const auto [front, back] = SplitReference(row[3]);
