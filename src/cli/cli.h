@@ -81,5 +81,8 @@ int CmdSelect(const Options& o);
 int CmdLists(const Options& o);
 // Classifies a project's plant under the Pressure Equipment Directive.
 int CmdPed(const Options& o);
+// Costs the parts lists of a project; exports them to a file or a workbook.
+int CmdCost(const Options& o);
+int CmdExport(const Options& o);
 
 }  // namespace kvcli

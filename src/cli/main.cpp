@@ -56,6 +56,9 @@ Commands:
   ped PROJECT.prj [--high 1|2|3]
                                PED classification of the plant (high side at 43, 55 or 63 °C);
                                writes the protocols PEDpar.DAT, PEDpar2.DAT and ECOpar.DAT
+  cost PROJECT.prj             costs the parts lists: purchase, labour, selling price, margin, time
+  export PROJECT.prj --target 1|2|3|4 --out FILE
+                               the lists as tab text, comma text, records or an .xlsx workbook
   help                         this text
 
 Options:
@@ -182,7 +185,7 @@ int main(int argc, char** argv) {
             else if (key == "drive" || key == "principle") o.values[key] = value;
             else if (key == "out" || key == "fluid" || key == "t0" || key == "tc") o.values[key] = value;
             else if (key == "group") o.values[key] = value;
-            else if (key == "kind" || key == "line" || key == "series" || key == "out-dir" || key == "high") o.values[key] = value;
+            else if (key == "kind" || key == "line" || key == "series" || key == "out-dir" || key == "high" || key == "target") o.values[key] = value;
             else if (key == "di" || key == "length" || key == "m" || key == "rho" || key == "eta" || key == "zeta" ||
                      key == "height" || key == "rho-liquid" || key == "rho-vapour" || key == "eta-vapour" ||
                      key == "eta-liquid" || key == "x")
@@ -211,6 +214,8 @@ int main(int argc, char** argv) {
     if (cmd == "select") return CmdSelect(o);
     if (cmd == "lists") return CmdLists(o);
     if (cmd == "ped") return CmdPed(o);
+    if (cmd == "cost") return CmdCost(o);
+    if (cmd == "export") return CmdExport(o);
     std::cerr << "kelvaris-cli: unknown command " << cmd << "\n" << kUsage;
     return 2;
 }
