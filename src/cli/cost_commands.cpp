@@ -43,7 +43,7 @@ int CmdCost(const Options& o) {
     if (!ProjectLists(o, ws, code)) return code;
     std::vector<kv::CostRow> rows = kv::RunCosting(ws, kv::CostingMode::Costing);
     const kv::BasicRates rates = kv::ReadBasicRates(ws);
-    const kv::CostSums s = kv::Recalculate(rows, rates);
+    const kv::CostSums s = kv::RecalculateCosts(rows, rates);
     kv::WriteCostRows(ws, kv::CostingMode::Costing, rows);
     nlohmann::json j;
     j["rates"] = {{"labourRate", rates.R()}, {"surchargeLabour", rates.SL()}, {"surchargeMaterial", rates.SM()}};

@@ -21,6 +21,7 @@
 #include "project/project.h"
 #include "shell/captions.h"
 #include "shell/workspace.h"
+#include "ui/cost_dialogs.h"
 #include "ui/ped_dialog.h"
 #include "ui/qt_interface.h"
 
@@ -92,6 +93,17 @@ ListDialog::ListDialog(kv::Workspace& ws, const QString& file, QWidget* parent) 
     QPushButton* ped = NamedButton(Q(c[kv::Cap::PedList]), "RebuildPed");
     QPushButton* protocol = NamedButton(Q(c[kv::PedWord::Protocol]) + QStringLiteral(" PED"), "PedProtocol");
     QPushButton* orders = NamedButton(Q(c[kv::Cap::OrderNumbersTitle]), "BestellN");
+    QPushButton* costing = NamedButton(Q(c[kv::Cap::BtnCosting]), "CalcAnfang");
+    QPushButton* exporting = NamedButton(Q(c[kv::Cap::BtnExport]), "ExportStart");
+    QPushButton* costData = NamedButton(Q(c[kv::Cap::CostDataTitle]), "CostData");
+    auto open = [this](QDialog* d) {
+        d->setAttribute(Qt::WA_DeleteOnClose);
+        d->setWindowModality(Qt::WindowModal);
+        d->open();
+    };
+    connect(costing, &QPushButton::clicked, this, [this, open] { open(new ExportDialog(ws_, kv::CostingMode::Costing, this)); });
+    connect(exporting, &QPushButton::clicked, this, [this, open] { open(new ExportDialog(ws_, kv::CostingMode::Export, this)); });
+    connect(costData, &QPushButton::clicked, this, [this, open] { open(new CostDataDialog(ws_, this)); });
     QPushButton* save = NamedButton(Q(c[kv::Cap::Save]), "Save");
     QPushButton* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
     connect(orders, &QPushButton::clicked, this, [this] {
@@ -117,13 +129,18 @@ ListDialog::ListDialog(kv::Workspace& ws, const QString& file, QWidget* parent) 
     message_ = new QLabel;
     message_->setObjectName(QStringLiteral("Message"));
     auto* buttons = new QHBoxLayout;
-    for (QPushButton* b : {insert, remove, copy, paste, reselect, ped, protocol, orders}) buttons->addWidget(b);
+    for (QPushButton* b : {insert, remove, copy, paste, reselect, ped}) buttons->addWidget(b);
     buttons->addStretch(1);
     buttons->addWidget(save);
     buttons->addWidget(close);
+    // The work on the whole set of lists: protocols, orders, costs, export.
+    auto* further = new QHBoxLayout;
+    for (QPushButton* b : {protocol, orders, costing, exporting, costData}) further->addWidget(b);
+    further->addStretch(1);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs_, 1);
     layout->addWidget(message_);
+    layout->addLayout(further);
     layout->addLayout(buttons);
     for (std::size_t t = 0; t < kv::kScreenLists.size(); ++t)
         if (file.toStdString() == kv::kScreenLists[t]) tabs_->setCurrentIndex(static_cast<int>(t));

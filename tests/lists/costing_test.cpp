@@ -113,7 +113,7 @@ TEST(CostGrid, RecalculationSumsAndMargin) {
     std::vector<kv::CostRow> rows(2);
     rows[0][0] = "2", rows[0][7] = "30", rows[0][8] = "100";
     rows[1][0] = "1.5", rows[1][7] = "12", rows[1][8] = "8.5";
-    const kv::CostSums s = kv::Recalculate(rows, r);
+    const kv::CostSums s = kv::RecalculateCosts(rows, r);
     EXPECT_EQ(rows[0][9], "60");     // 2 x 30/60 x 60
     EXPECT_EQ(rows[0][12], "240");   // 2 x 100 x 1.2
     EXPECT_EQ(rows[0][13], "306");   // 2 x (33 + 120)
@@ -122,7 +122,7 @@ TEST(CostGrid, RecalculationSumsAndMargin) {
     EXPECT_EQ(s.hours, 1);
     EXPECT_EQ(s.restMinutes, 18);
     std::vector<kv::CostRow> none;
-    EXPECT_EQ(kv::Recalculate(none, r).marginPercent, 0);
+    EXPECT_EQ(kv::RecalculateCosts(none, r).marginPercent, 0);
 
     // Only equal neighbours merge; the first row's line stays.
     std::vector<kv::CostRow> m(4);

@@ -18,6 +18,10 @@
 #include "shell/files.h"
 #include "shell/startup.h"
 #include "ui/list_dialogs.h"
+#include "ui/cost_dialogs.h"
+#include "lists/costing.h"
+#include <QComboBox>
+#include <filesystem>
 #include "ui/ped_dialog.h"
 #include "ui/scheme_dialog.h"
 #include <QRadioButton>
@@ -181,6 +185,57 @@ TEST_F(ListScreens, OrderNumbersByMaker) {
     for (const kv::OrderLine& l : m.shown) EXPECT_EQ(l.maker, m.makers[0]);
     EXPECT_EQ(d.findChild<QTableWidget*>(QStringLiteral("Orders"))->rowCount(), static_cast<int>(m.shown.size()));
     Shot(&d, "order_numbers.png");
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(ListScreens, CostingExportAndCostData) {
+    kvui::ListDialog lists(ws, QStringLiteral("Stklst.DAT"));
+    lists.show();
+    ws.ui.askYesNo = [](const std::string&, const std::string&) { return false; };  // build anew
+    lists.findChild<QPushButton*>(QStringLiteral("CalcAnfang"))->click();
+    auto* costing = lists.findChild<kvui::ExportDialog*>();
+    ASSERT_NE(costing, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(costing));
+    const kv::ExportScreen& m = costing->Model();
+    ASSERT_GT(m.grid.size(), 10u);
+    EXPECT_GT(m.sums.sales, m.sums.labourCost + m.sums.materialCost);
+    Shot(costing, "costing.png");
+    // A quantity typed in is priced at once.
+    auto* grid = costing->findChild<QTableWidget*>(QStringLiteral("ExSpread"));
+    const double before = m.sums.sales;
+    grid->item(0, 0)->setText(QStringLiteral("3"));
+    EXPECT_GT(m.sums.sales, before);
+    EXPECT_EQ(kv::ReadCostRows(ws, kv::CostingMode::Costing)[0][0], "3");
+    // Export to a file, the workbook beside the project, the mail address.
+    const std::filesystem::path dir = ws.DataDir() / "out";
+    std::filesystem::create_directories(dir);
+    costing->findChild<QLineEdit*>(QStringLiteral("Directory"))->setText(QString::fromStdString(dir.string()));
+    costing->findChild<QLineEdit*>(QStringLiteral("FileName"))->setText(QStringLiteral("list.dat"));
+    costing->findChild<QComboBox*>(QStringLiteral("Target"))->setCurrentText(QStringLiteral("ASCII/ANSI-File"));
+    ASSERT_TRUE(costing->Export());
+    EXPECT_GT(std::filesystem::file_size(dir / "list.dat"), 100u);
+    ws.project.ProjektVerz = dir.string();
+    ASSERT_TRUE(costing->Workbook());
+    EXPECT_TRUE(std::filesystem::exists(kv::WorkbookPath(ws)));
+    EXPECT_TRUE(costing->MailAddress().startsWith(QStringLiteral("mailto:")));
+    costing->close();
+
+    kvui::CostDataDialog data(ws);
+    data.ShowMode(630);  // copper tees
+    auto* cost = data.findChild<QTableWidget*>(QStringLiteral("CostGrid"));
+    ASSERT_GT(cost->rowCount(), 10);
+    cost->item(0, 3)->setText(QStringLiteral("60"));  // an hour for the smallest tee
+    data.PricesFromRates();
+    const kv::BasicRates rates = kv::ReadBasicRates(ws);
+    EXPECT_EQ(cost->item(0, 5)->text().toDouble(), kv::PriceFromRates(rates, 60, 0, 1));
+    ASSERT_TRUE(data.Save());
+    EXPECT_EQ(kv::ReadPartTable(ws, "K1Tstk.dat")[0][4], "60");
+    data.ShowMode(602);
+    EXPECT_EQ(data.findChild<QTableWidget*>(QStringLiteral("CostGrid"))->rowCount(), 14);
+    Shot(&data, "cost_data.png");
 }
 
 }  // namespace

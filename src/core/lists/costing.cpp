@@ -379,7 +379,7 @@ std::vector<CostRow> ReadCostRows(const Workspace& ws, CostingMode mode) {
 
 double Money(double x) { return std::trunc(100 * x + 0.005) / 100; }
 
-CostSums Recalculate(std::vector<CostRow>& rows, const BasicRates& rates) {
+CostSums RecalculateCosts(std::vector<CostRow>& rows, const BasicRates& rates) {
     CostSums s;
     const double R = rates.R(), SL = rates.SL(), SM = rates.SM();
     for (CostRow& row : rows) {

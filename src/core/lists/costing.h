@@ -82,7 +82,7 @@ struct CostSums {
     int hours = 0, restMinutes = 0;
 };
 double Money(double x);
-CostSums Recalculate(std::vector<CostRow>& rows, const BasicRates& rates);
+CostSums RecalculateCosts(std::vector<CostRow>& rows, const BasicRates& rates);
 
 // StK_add: equal neighbour rows (designation, order number, unit) become one
 // with their quantities added; the first row's other items stay.
