@@ -23,6 +23,8 @@ public:
     void ShowMode(int mode);
     bool Save();
     void PricesFromRates();
+    // The detail price grid of the current row; nullptr for a table without.
+    class DetailPriceDialog* OpenDetail();
 
 private:
     void Fill();
@@ -35,6 +37,25 @@ private:
     QLabel* message_ = nullptr;
 };
 
+// The detail price grid of one size: its sum becomes the purchase price.
+class DetailPriceDialog : public QDialog {
+    Q_OBJECT
+public:
+    DetailPriceDialog(kv::Workspace& ws, kv::CostDataScreen& screen, const kv::DetailGrid& grid, QWidget* parent);
+    bool Apply();
+    QTableWidget* Grid() const { return table_; }
+
+signals:
+    void applied();
+
+private:
+    kv::Workspace& ws_;
+    kv::CostDataScreen& screen_;
+    kv::DetailGrid grid_;
+    QTableWidget* table_ = nullptr;
+    QLabel* sum_ = nullptr;
+};
+
 class ExportDialog : public QDialog {
     Q_OBJECT
 public:
@@ -44,6 +65,10 @@ public:
     void Merge();
     bool Workbook();
     QString MailAddress() const;
+    void InsertRow();
+    void DeleteRow();
+    void CopyRows();
+    void PasteRows();
 
 private:
     void Fill();

@@ -20,7 +20,9 @@
 #include "ui/list_dialogs.h"
 #include "ui/cost_dialogs.h"
 #include "lists/costing.h"
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <filesystem>
 #include "ui/ped_dialog.h"
 #include "ui/scheme_dialog.h"
@@ -221,6 +223,23 @@ TEST_F(ListScreens, CostingExportAndCostData) {
     ASSERT_TRUE(costing->Workbook());
     EXPECT_TRUE(std::filesystem::exists(kv::WorkbookPath(ws)));
     EXPECT_TRUE(costing->MailAddress().startsWith(QStringLiteral("mailto:")));
+    // Rows pasted from a spreadsheet, a row inserted and deleted again.
+    const std::size_t rows = m.grid.size();
+    QGuiApplication::clipboard()->setText(QStringLiteral("2\tStk\tCable tie\r\n5\tm\tHose\r\n"));
+    grid->setCurrentCell(static_cast<int>(rows), 0);
+    costing->PasteRows();
+    ASSERT_EQ(m.grid.size(), rows + 2);
+    EXPECT_EQ(m.grid[rows + 1][2], "Hose");
+    grid->setCurrentCell(0, 0);
+    costing->InsertRow();
+    EXPECT_TRUE(m.grid[0][2].empty());
+    costing->DeleteRow();
+    EXPECT_EQ(m.grid.size(), rows + 2);
+    // The workbook as the fourth target.
+    costing->findChild<QComboBox*>(QStringLiteral("Target"))->setCurrentIndex(3);
+    costing->findChild<QLineEdit*>(QStringLiteral("FileName"))->setText(QStringLiteral("list.xlsx"));
+    ASSERT_TRUE(costing->Export());
+    EXPECT_TRUE(std::filesystem::exists(dir / "list.xlsx"));
     costing->close();
 
     kvui::CostDataDialog data(ws);
@@ -233,6 +252,17 @@ TEST_F(ListScreens, CostingExportAndCostData) {
     EXPECT_EQ(cost->item(0, 5)->text().toDouble(), kv::PriceFromRates(rates, 60, 0, 1));
     ASSERT_TRUE(data.Save());
     EXPECT_EQ(kv::ReadPartTable(ws, "K1Tstk.dat")[0][4], "60");
+    // The detail grid of a pipe size: its sum is the purchase price.
+    data.ShowMode(620);
+    cost->setCurrentCell(3, 0);
+    kvui::DetailPriceDialog* detail = data.OpenDetail();
+    ASSERT_NE(detail, nullptr);
+    detail->Grid()->item(1, 1)->setText(QStringLiteral("2"));
+    detail->Grid()->item(1, 5)->setText(QStringLiteral("1.25"));
+    const double pipe = detail->Grid()->item(0, 5)->text().toDouble();
+    ASSERT_TRUE(detail->Apply());
+    EXPECT_NEAR(cost->item(3, 2)->text().toDouble(), pipe + 2.5, 0.011);
+    detail->close();
     data.ShowMode(602);
     EXPECT_EQ(data.findChild<QTableWidget*>(QStringLiteral("CostGrid"))->rowCount(), 14);
     Shot(&data, "cost_data.png");

@@ -1,6 +1,7 @@
 #include "lists/cost_data_screen.h"
 
 #include <array>
+#include <cmath>
 
 #include "lists/costing.h"
 #include "lists/list_generation.h"
@@ -173,6 +174,55 @@ void PricesFromRates(const Workspace& ws, CostDataScreen& s) {
         row[l] = NumberText(PriceFromRates(r, minutes, price, 1));
         row[v] = NumberText(PriceFromRates(r, minutes, price, 2));
     }
+}
+
+namespace {
+// The purchase price column of the screen's grid: pipe tables 2, part tables 4.
+std::size_t PurchaseColumn(int mode) { return IsPipeMode(mode) ? 2 : 4; }
+}  // namespace
+
+bool OpenDetailGrid(Workspace& ws, const CostDataScreen& s, int row, DetailGrid& d) {
+    d = DetailGrid{};
+    if ((!IsPipeMode(s.mode) && !IsPartMode(s.mode)) || row < 0 || row >= static_cast<int>(s.grid.size())) return false;
+    const auto& g = s.grid[static_cast<std::size_t>(row)];
+    if (g.empty() || Trim(g[0]).empty()) return false;
+    const std::string size(Trim(g[0]));
+    d.row = row;
+    d.file = DetailPriceFile(ws, size, s.mode, ws.settings.Sprache);
+    d.rows.assign(kDetailRows, {});
+    RecordReader in = OpenIn(ws, d.file);
+    bool any = false;
+    for (auto& r : d.rows)
+        for (std::string& cell : r)
+            if (in.Read(cell)) any = true;
+    if (any) return true;
+    const Captions& c = ws.captions;
+    const std::size_t p = PurchaseColumn(s.mode);
+    d.rows[0] = {size, "1", "m ", c[Cap::PipeWord], "", p < g.size() ? g[p] : std::string()};
+    d.rows[1] = {size + " " + c[Cap::FixingMaterial], "", "Stk", c[Cap::FixingMaterial], "", ""};
+    d.rows[2] = {size + " " + c[Cap::Insulation], "", "m ", c[Cap::Insulation], "", ""};
+    d.rows[3] = {size + " " + c[Cap::PipeClamp], "", "Stk", c[Cap::PipeClamp], "", ""};
+    return true;
+}
+
+double DetailPurchase(const DetailGrid& d) {
+    double sum = 0;
+    for (const auto& r : d.rows) sum += ToNumber(Trim(r[1])) * ToNumber(Trim(r[5]));
+    return std::trunc(100 * sum) / 100;
+}
+
+bool ApplyDetailGrid(Workspace& ws, CostDataScreen& s, const DetailGrid& d) {
+    if (d.row < 0 || d.row >= static_cast<int>(s.grid.size())) return false;
+    RecordWriter w;
+    for (const auto& r : d.rows) {
+        for (const std::string& cell : r) w.Item(cell);
+        w.EndLine();
+    }
+    const bool ok = WriteListText(ws, d.file, w.Text());
+    auto& g = s.grid[static_cast<std::size_t>(d.row)];
+    const std::size_t p = PurchaseColumn(s.mode);
+    if (p < g.size()) g[p] = NumberText(DetailPurchase(d));
+    return ok;
 }
 
 }  // namespace kv

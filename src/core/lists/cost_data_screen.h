@@ -4,6 +4,7 @@
 // reducers, 650-652 oil traps, 660-662 double risers.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -33,5 +34,22 @@ bool SaveCostData(Workspace& ws, CostDataScreen& s);
 // The labour selling and selling prices of every row from minutes and
 // purchase price by the basic rates (pipe and part tables).
 void PricesFromRates(const Workspace& ws, CostDataScreen& s);
+
+// The detail price grid of one pipe or part size: up to 15 rows of a label,
+// quantity, unit, designation, a spare text and the unit price; its sum of
+// quantity x unit price, cut to cents, is the purchase price of the size.
+struct DetailGrid {
+    std::string file;   // by the size text, the table mode and the language
+    int row = -1;       // the row of the cost data grid it belongs to
+    std::vector<std::array<std::string, 6>> rows;  // 15
+};
+inline constexpr int kDetailRows = 15;
+// Opens the detail grid of a row of a pipe or part table; its file is read
+// when there is one, else the pipe itself (1 m at the row's price), fixing
+// material, insulation and clamps are proposed. False for another mode.
+bool OpenDetailGrid(Workspace& ws, const CostDataScreen& s, int row, DetailGrid& d);
+double DetailPurchase(const DetailGrid& d);
+// Writes the detail file and puts its sum into the row's purchase price.
+bool ApplyDetailGrid(Workspace& ws, CostDataScreen& s, const DetailGrid& d);
 
 }  // namespace kv

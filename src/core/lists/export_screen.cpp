@@ -1,5 +1,6 @@
 #include "lists/export_screen.h"
 
+#include <algorithm>
 #include <cmath>
 #include <filesystem>
 
@@ -67,6 +68,59 @@ void EditExportCell(Workspace& ws, ExportScreen& s, int row, int column, const s
     while (static_cast<int>(s.grid.size()) <= row) s.grid.push_back(CostRow{});
     s.grid[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)] = text;
     Refresh(ws, s);
+}
+
+void InsertExportRow(Workspace& ws, ExportScreen& s, int row) {
+    const auto n = static_cast<int>(s.grid.size());
+    s.grid.insert(s.grid.begin() + std::clamp(row, 0, n), CostRow{});
+    Refresh(ws, s);
+}
+
+void DeleteExportRow(Workspace& ws, ExportScreen& s, int row) {
+    if (row < 0 || row >= static_cast<int>(s.grid.size())) return;
+    s.grid.erase(s.grid.begin() + row);
+    Refresh(ws, s);
+}
+
+void PasteExportText(Workspace& ws, ExportScreen& s, int row, int column, const std::string& text) {
+    if (row < 0 || column < 0) return;
+    const int columns = ExportColumns(s.mode);
+    int r = row, c = column;
+    std::string cell;
+    auto put = [&] {
+        if (c < columns) {
+            while (static_cast<int>(s.grid.size()) <= r) s.grid.push_back(CostRow{});
+            s.grid[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)] = cell;
+        }
+        cell.clear();
+    };
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char ch = text[i];
+        if (ch == '\t') {
+            put();
+            ++c;
+        } else if (ch == '\r' || ch == '\n') {
+            put();
+            if (ch == '\r' && i + 1 < text.size() && text[i + 1] == '\n') ++i;
+            ++r;
+            c = column;
+            if (i + 1 >= text.size()) break;
+        } else {
+            cell += ch;
+        }
+    }
+    if (!cell.empty()) put();
+    Refresh(ws, s);
+}
+
+std::string CopyExportRows(const ExportScreen& s, int first, int count) {
+    std::string out;
+    const int columns = ExportColumns(s.mode);
+    for (int r = std::max(0, first); r < first + count && r < static_cast<int>(s.grid.size()); ++r) {
+        for (int c = 0; c < columns; ++c) out += (c ? "\t" : "") + s.grid[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)];
+        out += "\n";
+    }
+    return out;
 }
 
 void MergeExportRows(Workspace& ws, ExportScreen& s) {

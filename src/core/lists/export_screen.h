@@ -35,6 +35,15 @@ void OpenExportScreen(Workspace& ws, ExportScreen& s, CostingMode mode);
 void EditExportCell(Workspace& ws, ExportScreen& s, int row, int column, const std::string& text);
 // StK_add on the grid, through TempEx.dat.
 void MergeExportRows(Workspace& ws, ExportScreen& s);
+// Grid operations, rows from 0: a row inserted empty before `row`, a row
+// deleted, and a text pasted from the cell (row, column) on, split at tabs
+// (next column) and line breaks (next row).
+void InsertExportRow(Workspace& ws, ExportScreen& s, int row);
+void DeleteExportRow(Workspace& ws, ExportScreen& s, int row);
+void PasteExportText(Workspace& ws, ExportScreen& s, int row, int column, const std::string& text);
+// The rows as tab text, for the clipboard.
+std::string CopyExportRows(const ExportScreen& s, int first, int count);
+
 // Writes the chosen target; an empty file name is refused with its message.
 bool RunExport(Workspace& ws, ExportScreen& s);
 // The sums as the screen shows them: margin line, A, B, S, time.
