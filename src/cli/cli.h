@@ -84,5 +84,7 @@ int CmdPed(const Options& o);
 // Costs the parts lists of a project; exports them to a file or a workbook.
 int CmdCost(const Options& o);
 int CmdExport(const Options& o);
+// The whole report of a project as one PDF.
+int CmdReport(const Options& o);
 
 }  // namespace kvcli

@@ -59,6 +59,8 @@ Commands:
   cost PROJECT.prj             costs the parts lists: purchase, labour, selling price, margin, time
   export PROJECT.prj --target 1|2|3|4 --out FILE
                                the lists as tab text, comma text, records or an .xlsx workbook
+  report PROJECT.prj --out FILE.pdf
+                               the whole report: plant results, lines, components, PED and eco pages
   help                         this text
 
 Options:
@@ -216,6 +218,7 @@ int main(int argc, char** argv) {
     if (cmd == "ped") return CmdPed(o);
     if (cmd == "cost") return CmdCost(o);
     if (cmd == "export") return CmdExport(o);
+    if (cmd == "report") return CmdReport(o);
     std::cerr << "kelvaris-cli: unknown command " << cmd << "\n" << kUsage;
     return 2;
 }

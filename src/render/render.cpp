@@ -209,6 +209,30 @@ bool WritePdf(const DrawingList& d, const QString& path, const QString& title, Q
     return true;
 }
 
+bool WritePdfPages(const std::vector<DrawingList>& pages, const QString& path, const QString& title, QString* error) {
+    if (pages.empty()) {
+        if (error) *error = QStringLiteral("no pages");
+        return false;
+    }
+    QPdfWriter writer(path);
+    writer.setCreator(QStringLiteral("Kelvaris"));
+    if (!title.isEmpty()) writer.setTitle(title);
+    writer.setResolution(600);
+    writer.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(0, 0, 0, 0),
+                                     QPageLayout::Millimeter));
+    QPainter p;
+    if (!p.begin(&writer)) {
+        if (error) *error = QStringLiteral("cannot write ") + path;
+        return false;
+    }
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+        if (i > 0) writer.newPage();
+        Paint(p, pages[i], QRectF(0, 0, writer.width(), writer.height()));
+    }
+    p.end();
+    return true;
+}
+
 bool WriteSvg(const DrawingList& d, const QString& path, const QString& title, QString* error) {
     if (!(d.width > 0) || !(d.height > 0) || !Finite(d.width) || !Finite(d.height)) {
         if (error) *error = QStringLiteral("the picture has no size");

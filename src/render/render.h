@@ -3,6 +3,8 @@
 // kept and centred in it, so every target shows the same drawing.
 #pragma once
 
+#include <vector>
+
 #include <QImage>
 #include <QRectF>
 #include <QString>
@@ -37,6 +39,10 @@ bool WritePng(const DrawingList& d, const QString& path, int widthPx = kDefaultP
 // One A4 page, landscape for a wide picture, 10 mm margins.
 bool WritePdf(const DrawingList& d, const QString& path, const QString& title = {}, QString* error = nullptr);
 // The picture's logical size as the SVG's view box.
+// Pages of a report, one A4 page each, with no margin of its own: the pages
+// carry their margins in their drawing.
+bool WritePdfPages(const std::vector<DrawingList>& pages, const QString& path, const QString& title = {},
+                   QString* error = nullptr);
 bool WriteSvg(const DrawingList& d, const QString& path, const QString& title = {}, QString* error = nullptr);
 // By the suffix of `path`: ".png", ".pdf" or ".svg", in any case.
 bool WritePicture(const DrawingList& d, const QString& path, const QString& title = {}, QString* error = nullptr);

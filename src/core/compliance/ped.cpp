@@ -267,9 +267,9 @@ bool WritePedProtocol(Workspace& ws, const PedScreen& s) {
     pair(c[PedWord::FluidGroup], s.group1Part ? c[PedWord::Group1] : c[PedWord::Group2]);
     pair(c[PedWord::HighSideChoice],
          c[s.high == 1 ? PedWord::Choice43 : s.high == 2 ? PedWord::Choice55 : PedWord::Choice63]);
-    pair(c[PedWord::MaxAllowablePressure] + ", " + c[PedWord::LowSide] + " (PS1)", s.ps1 + " bar g");
-    pair(c[PedWord::MaxAllowablePressure] + ", " + c[PedWord::HighSide] + " (PS2)", s.ps2 + " bar g");
-    pair(c[PedWord::SafetyDevicePressure], s.ps2x11 + " bar g");
+    pair(c[PedWord::LowSide] + ": PS1", s.ps1 + " bar g");
+    pair(c[PedWord::HighSide] + ": PS2", s.ps2 + " bar g");
+    pair("1.1 x PS2", s.ps2x11 + " bar g");
     pair(c[PedWord::NominalSize] + " DN1 / DN2", NumberText(s.dn1) + " / " + NumberText(s.dn2) + " mm");
     line("");
     line("Rechteck3");

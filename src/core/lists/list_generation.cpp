@@ -88,10 +88,10 @@ void UnitEntry(Workspace& ws, RecordWriter& w, const SelectRequest& q, const std
 
 // Report entry of a fitting: the summary form with its share of the line's loss.
 void FittingEntry(const Workspace& ws, RecordWriter& w, const SelectRequest& q, const SelectionResult& r,
-                  double drop) {
+                  const std::array<std::string, 9>& row, double drop) {
     const Captions& c = ws.captions;
     Line(w, Separator());
-    Line(w, "&$$" + r.listRow[0] + " " + r.listRow[1]);
+    Line(w, "&$$" + row[0] + ": " + row[1] + "   (" + row[5] + ")");
     if (r.rows.size() > 0 && !r.rows.empty()) {
         const RatedRow* taken = nullptr;
         for (const RatedRow& row : r.rows)
@@ -232,7 +232,7 @@ ListGeneration GenerateLists(Workspace& ws) {
             UnitEntry(ws, t.results, q, row, lastGroup);
             ++g.unitRows;
         } else {
-            FittingEntry(ws, t.results, q, r, drop);
+            FittingEntry(ws, t.results, q, r, row, drop);
             ++g.fittingRows;
         }
         ChangeBlock(unit ? t.unitsChange : t.partsChange, change);

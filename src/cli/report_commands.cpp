@@ -1,0 +1,78 @@
+// The report command: calculates a project, generates its lists, writes its
+// result sets and protocols and lays out the whole report as one PDF.
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "cli.h"
+
+#ifdef KELVARIS_WITH_RENDER
+#include <QByteArray>
+#include <QGuiApplication>
+#include <QString>
+
+#include "compliance/ped.h"
+#include "cycle/scheme_screen.h"
+#include "documents/report_layout.h"
+#include "lists/calc_lists.h"
+#include "lists/list_generation.h"
+#include "lists/list_rows.h"
+#include "render/render.h"
+#include "shell/files.h"
+#endif
+
+namespace kvcli {
+
+#ifndef KELVARIS_WITH_RENDER
+
+int CmdReport(const Options&) {
+    std::cerr << "kelvaris-cli: the report command is not built into this program (it needs Qt 6 Gui)\n";
+    return 1;
+}
+
+#else
+
+int CmdReport(const Options& o) {
+    const auto out = o.values.find("out");
+    if (o.args.size() != 2 || out == o.values.end()) return Fail("usage: kelvaris-cli report PROJECT.prj --out FILE.pdf");
+    kv::Workspace ws = MakeWorkspace(o);
+    int code = 0;
+    kv::SchemeScreen scheme;
+    if (!CalculateProject(o, ws, scheme, code)) return code;
+    kv::DeleteFile(ws, kv::lists::kFittings);
+    kv::WriteCalculationLists(ws);
+    const kv::ListGeneration g = kv::GenerateLists(ws);
+    kv::WritePlantResults(ws);
+    kv::PedScreen ped;
+    kv::OpenPedScreen(ws, ped, 1);
+    kv::WritePedProtocol(ws, ped);
+    kv::WriteEcoProtocol(ws);
+    std::vector<kv::ReportSet> sets = kv::PlantReportSets(ws);
+    for (kv::ReportSet& s : sets)
+        if (s.title.find(": PED - ") != std::string::npos) s.pedCategory = ped.plantIndex;
+    const std::vector<kv::DrawingList> pages = kv::LayoutReport(ws, sets);
+
+    if (std::getenv("QT_QPA_PLATFORM") == nullptr) qputenv("QT_QPA_PLATFORM", QByteArray("offscreen"));
+    int argc = 1;
+    char name[] = "kelvaris-cli";
+    char* argv[] = {name, nullptr};
+    QGuiApplication app(argc, argv);
+    kv::render::InitRender();
+    QString error;
+    if (!kv::render::WritePdfPages(pages, QString::fromStdString(out->second), QString::fromStdString(ws.project.ProjektNam),
+                                   &error)) {
+        std::cerr << "kelvaris-cli: " << error.toStdString() << "\n";
+        return 1;
+    }
+    nlohmann::json j;
+    j["file"] = out->second;
+    j["pages"] = pages.size();
+    j["sets"] = sets.size();
+    j["emptyRows"] = g.emptyRows;
+    Print(o, j);
+    return 0;
+}
+
+#endif
+
+}  // namespace kvcli

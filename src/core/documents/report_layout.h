@@ -1,0 +1,49 @@
+// The report pages: result sets (one report line a record, with the marks of
+// their line grammar) laid out on A4 pages as drawing primitives in page
+// units, the same for the screen preview, the printer and PDF. The plant
+// results of a calculation are written as the result set ergDt3.DAT.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "documents/drawing.h"
+
+namespace kv {
+
+struct Workspace;
+
+// A4 in tenths of a millimetre.
+inline constexpr double kPageWidth = 2100.0;
+inline constexpr double kPageHeight = 2970.0;
+
+// The records of a result set; `headerItems` items are skipped first (4 for
+// ergDt1.DAT and ergDt2.DAT). A missing file gives no lines.
+std::vector<std::string> ReadResultSet(const Workspace& ws, std::string_view file, int headerItems);
+
+struct ReportSet {
+    std::string title;               // the page title
+    std::vector<std::string> lines;  // the records
+    bool resultSet = false;          // ergDt1 to ergDt3: the first line stands higher
+    int pedCategory = 0;             // 1..4 draws the mark box of a PED report
+};
+
+// Lays out the sets one after another; a set starts on a new page and runs
+// over as many pages as it needs. Every page carries the project name and
+// its number "n / m".
+std::vector<DrawingList> LayoutReport(const Workspace& ws, const std::vector<ReportSet>& sets);
+
+// The sets of the whole report of a plant, from the files of the working
+// set: plant results, pipe lines, components, and the PED and eco pages
+// where they have been written.
+std::vector<ReportSet> PlantReportSets(const Workspace& ws);
+
+// Writes ergDt3.DAT: the plant results of the last calculation.
+bool WritePlantResults(Workspace& ws);
+
+// The efficiency label of a class "A+++" to "G" as vector graphics, `height`
+// high with its top left corner at (x, y).
+void DrawEfficiencyLabel(DrawingList& d, double x, double y, double height, std::string_view cls);
+
+}  // namespace kv
