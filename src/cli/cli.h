@@ -79,6 +79,10 @@ int CmdMatchcode(const Options& o);
 int CmdSelect(const Options& o);
 // Calculates a project and generates its parts lists.
 int CmdLists(const Options& o);
+// Calculates the project of the command and generates its lists as the
+// desktop does (the calculation's pipe and fitting lists, then the parts
+// lists); false with the exit code set otherwise.
+bool CalculateWithLists(const Options& o, kv::Workspace& ws, kv::SchemeScreen& scheme, int& code, int* emptyRows = nullptr);
 // Classifies a project's plant under the Pressure Equipment Directive.
 int CmdPed(const Options& o);
 // Costs the parts lists of a project; exports them to a file or a workbook.

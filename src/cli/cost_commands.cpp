@@ -17,15 +17,7 @@ namespace {
 // The lists of the project: calculated and generated as the desktop does.
 bool ProjectLists(const Options& o, kv::Workspace& ws, int& code) {
     kv::SchemeScreen scheme;
-    if (!CalculateProject(o, ws, scheme, code)) return false;
-    kv::DeleteFile(ws, kv::lists::kFittings);
-    kv::WriteCalculationLists(ws);
-    if (!kv::GenerateLists(ws).ok) {
-        std::cerr << "kelvaris-cli: the lists could not be written\n";
-        code = 1;
-        return false;
-    }
-    return true;
+    return CalculateWithLists(o, ws, scheme, code);
 }
 
 nlohmann::json Rows(const std::vector<kv::CostRow>& rows) {

@@ -24,17 +24,28 @@ nlohmann::json Rows(const kv::Workspace& ws, std::string_view name) {
 
 }  // namespace
 
+bool CalculateWithLists(const Options& o, kv::Workspace& ws, kv::SchemeScreen& scheme, int& code, int* emptyRows) {
+    if (!CalculateProject(o, ws, scheme, code)) return false;
+    // A fresh run: the fittings of earlier calculations are not this plant's.
+    kv::DeleteFile(ws, kv::lists::kFittings);
+    const bool written = kv::WriteCalculationLists(ws);
+    const kv::ListGeneration g = kv::GenerateLists(ws);
+    if (emptyRows) *emptyRows = g.emptyRows;
+    if (!written || !g.ok) {
+        std::cerr << "kelvaris-cli: " << (g.message.empty() ? "the lists could not be written" : g.message) << "\n";
+        code = 1;
+        return false;
+    }
+    return true;
+}
+
 int CmdLists(const Options& o) {
     if (o.args.size() != 2) return Fail("usage: kelvaris-cli lists PROJECT.prj [--out-dir DIR]");
     kv::Workspace ws = MakeWorkspace(o);
-    int code = 0;
+    int code = 0, empty = 0;
     kv::SchemeScreen scheme;
-    if (!CalculateProject(o, ws, scheme, code)) return code;
-    // A fresh run: the fittings of earlier calculations are not this plant's.
-    kv::DeleteFile(ws, kv::lists::kFittings);
-    bool ok = kv::WriteCalculationLists(ws);
-    const kv::ListGeneration g = kv::GenerateLists(ws);
-    ok = ok && g.ok;
+    if (!CalculateWithLists(o, ws, scheme, code, &empty)) return code;
+    bool ok = true;
     nlohmann::json j;
     j["parts"] = Rows(ws, kv::lists::kParts);
     j["units"] = Rows(ws, kv::lists::kUnits);
@@ -42,7 +53,7 @@ int CmdLists(const Options& o) {
     j["fittings"] = Rows(ws, kv::lists::kFittings);
     const auto charge = kv::ReadCharge(ws);
     j["charge"] = {charge[0], charge[1]};
-    j["emptyRows"] = g.emptyRows;
+    j["emptyRows"] = empty;
     if (const auto dir = o.values.find("out-dir"); dir != o.values.end()) {
         std::error_code ec;
         std::filesystem::create_directories(dir->second, ec);
@@ -59,7 +70,6 @@ int CmdLists(const Options& o) {
         }
     }
     Print(o, j);
-    if (!ok) std::cerr << "kelvaris-cli: " << (g.message.empty() ? "the lists could not be written" : g.message) << "\n";
     return ok ? 0 : 1;
 }
 

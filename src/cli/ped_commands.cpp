@@ -21,11 +21,8 @@ int CmdPed(const Options& o) {
     kv::Workspace ws = MakeWorkspace(o);
     int code = 0;
     kv::SchemeScreen scheme;
-    if (!CalculateProject(o, ws, scheme, code)) return code;
     // The units list the classification reads: generated for this plant.
-    kv::DeleteFile(ws, kv::lists::kFittings);
-    kv::WriteCalculationLists(ws);
-    kv::GenerateLists(ws);
+    if (!CalculateWithLists(o, ws, scheme, code)) return code;
     kv::PedScreen s;
     kv::OpenPedScreen(ws, s, static_cast<int>(high));
     // A heat pump's eco protocol carries the figures of its typical year.

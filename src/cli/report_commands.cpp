@@ -38,10 +38,8 @@ int CmdReport(const Options& o) {
     kv::Workspace ws = MakeWorkspace(o);
     int code = 0;
     kv::SchemeScreen scheme;
-    if (!CalculateProject(o, ws, scheme, code)) return code;
-    kv::DeleteFile(ws, kv::lists::kFittings);
-    kv::WriteCalculationLists(ws);
-    const kv::ListGeneration g = kv::GenerateLists(ws);
+    int empty = 0;
+    if (!CalculateWithLists(o, ws, scheme, code, &empty)) return code;
     kv::WritePlantResults(ws);
     kv::PedScreen ped;
     kv::OpenPedScreen(ws, ped, 1);
@@ -68,7 +66,7 @@ int CmdReport(const Options& o) {
     j["file"] = out->second;
     j["pages"] = pages.size();
     j["sets"] = sets.size();
-    j["emptyRows"] = g.emptyRows;
+    j["emptyRows"] = empty;
     Print(o, j);
     return 0;
 }
