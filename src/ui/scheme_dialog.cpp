@@ -21,7 +21,10 @@
 #include "lines/pipe_series.h"
 #include "ui/help_dialog.h"
 #include "ui/picture_view.h"
+#include "ui/report_dialog.h"
 #include "ui/selection_dialogs.h"
+#include "documents/report_layout.h"
+#include "lists/calc_lists.h"
 #include "ui/screen_fit.h"
 
 namespace kvui {
@@ -164,9 +167,21 @@ QWidget* SchemeDialog::BuildEntries() {
     connect(select, &QPushButton::clicked, this, [this] {  // components are chosen for a calculated plant
         if (ws_.project.CalcState == 1 || Calculate()) (new AccessorySelectionDialog(ws_, this))->open();
     });
+    // The report of the calculated plant: results, lines, components.
+    auto* report = new QPushButton(Q(ws_.captions[kv::Cap::ReportWord]));
+    report->setObjectName(QStringLiteral("Report"));
+    connect(report, &QPushButton::clicked, this, [this] {
+        if (ws_.project.CalcState != 1 && !Calculate()) return;
+        kv::WriteCalculationLists(ws_, false);
+        kv::WritePlantResults(ws_);
+        auto* d = new ReportDialog(ws_, this);
+        d->setAttribute(Qt::WA_DeleteOnClose);
+        d->open();
+    });
     form->addRow(calc);
     form->addRow(diagram);
     form->addRow(select);
+    form->addRow(report);
     form->addRow(close);
     return box;
 }

@@ -25,6 +25,7 @@
 #include <QGuiApplication>
 #include <filesystem>
 #include "ui/ped_dialog.h"
+#include "ui/report_dialog.h"
 #include "ui/scheme_dialog.h"
 #include <QRadioButton>
 #include "ui/main_window.h"
@@ -266,6 +267,33 @@ TEST_F(ListScreens, CostingExportAndCostData) {
     data.ShowMode(602);
     EXPECT_EQ(data.findChild<QTableWidget*>(QStringLiteral("CostGrid"))->rowCount(), 14);
     Shot(&data, "cost_data.png");
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(ListScreens, ReportFromTheSchemeScreen) {
+    kvui::SchemeDialog scheme(ws);
+    scheme.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&scheme));
+    scheme.findChild<QPushButton*>(QStringLiteral("Report"))->click();
+    auto* report = scheme.findChild<kvui::ReportDialog*>();
+    ASSERT_NE(report, nullptr);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(report));
+    const std::size_t pages = report->Pages().size();
+    ASSERT_GE(pages, 3u);  // results, lines, components
+    Shot(report, "report.png");
+    // A line added to the results is laid out at once; the PDF has every page.
+    auto* grid = report->findChild<QTableWidget*>(QStringLiteral("DataSpread"));
+    grid->setCurrentCell(0, 0);
+    report->InsertLine();
+    grid->item(0, 0)->setText(QStringLiteral("12A line of the engineer's own"));
+    EXPECT_EQ(report->Sets()[0].lines[0], "12A line of the engineer's own");
+    const std::filesystem::path pdf = ws.DataDir() / "report.pdf";
+    ASSERT_TRUE(report->SavePdf(QString::fromStdString(pdf.string())));
+    EXPECT_GT(std::filesystem::file_size(pdf), 2000u);
+    report->close();
 }
 
 }  // namespace
