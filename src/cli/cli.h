@@ -90,5 +90,7 @@ int CmdCost(const Options& o);
 int CmdExport(const Options& o);
 // The whole report of a project as one PDF.
 int CmdReport(const Options& o);
+// The piping scheme of a project as element lines and as a picture.
+int CmdScheme(const Options& o);
 
 }  // namespace kvcli

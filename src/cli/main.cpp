@@ -61,6 +61,8 @@ Commands:
                                the lists as tab text, comma text, records or an .xlsx workbook
   report PROJECT.prj --out FILE.pdf
                                the whole report: plant results, lines, components, PED and eco pages
+  scheme PROJECT.prj [--mode 0|32|132] [--rif FILE] [--out FILE.svg|.pdf|.png]
+                               the piping scheme as element lines (RIFliess.dat form) and as a drawing
   help                         this text
 
 Options:
@@ -187,7 +189,7 @@ int main(int argc, char** argv) {
             else if (key == "drive" || key == "principle") o.values[key] = value;
             else if (key == "out" || key == "fluid" || key == "t0" || key == "tc") o.values[key] = value;
             else if (key == "group") o.values[key] = value;
-            else if (key == "kind" || key == "line" || key == "series" || key == "out-dir" || key == "high" || key == "target") o.values[key] = value;
+            else if (key == "kind" || key == "line" || key == "series" || key == "out-dir" || key == "high" || key == "target" || key == "mode" || key == "rif") o.values[key] = value;
             else if (key == "di" || key == "length" || key == "m" || key == "rho" || key == "eta" || key == "zeta" ||
                      key == "height" || key == "rho-liquid" || key == "rho-vapour" || key == "eta-vapour" ||
                      key == "eta-liquid" || key == "x")
@@ -219,6 +221,7 @@ int main(int argc, char** argv) {
     if (cmd == "cost") return CmdCost(o);
     if (cmd == "export") return CmdExport(o);
     if (cmd == "report") return CmdReport(o);
+    if (cmd == "scheme") return CmdScheme(o);
     std::cerr << "kelvaris-cli: unknown command " << cmd << "\n" << kUsage;
     return 2;
 }

@@ -14,6 +14,7 @@
 #include "compliance/ped.h"
 #include "cycle/scheme_screen.h"
 #include "documents/report_layout.h"
+#include "documents/scheme_generator.h"
 #include "lists/calc_lists.h"
 #include "lists/list_generation.h"
 #include "lists/list_rows.h"
@@ -27,6 +28,11 @@ namespace kvcli {
 
 int CmdReport(const Options&) {
     std::cerr << "kelvaris-cli: the report command is not built into this program (it needs Qt 6 Gui)\n";
+    return 1;
+}
+
+int CmdScheme(const Options&) {
+    std::cerr << "kelvaris-cli: the scheme command is not built into this program (it needs Qt 6 Gui)\n";
     return 1;
 }
 
@@ -67,6 +73,44 @@ int CmdReport(const Options& o) {
     j["pages"] = pages.size();
     j["sets"] = sets.size();
     j["emptyRows"] = empty;
+    Print(o, j);
+    return 0;
+}
+
+int CmdScheme(const Options& o) {
+    double mode = 0;
+    const auto m = o.values.find("mode");
+    const auto rif = o.values.find("rif");
+    const auto out = o.values.find("out");
+    if (o.args.size() != 2 || (rif == o.values.end() && out == o.values.end()) ||
+        (m != o.values.end() && (!NumberArg(m->second, mode) || (mode != 0 && mode != 32 && mode != 132))))
+        return Fail("usage: kelvaris-cli scheme PROJECT.prj [--mode 0|32|132] [--rif FILE] [--out FILE.svg|.pdf|.png]");
+    kv::Workspace ws = MakeWorkspace(o);
+    int code = 0;
+    kv::SchemeScreen scheme;
+    if (!CalculateWithLists(o, ws, scheme, code)) return code;
+    const kv::SchemeFile file = kv::ComposeScheme(ws, static_cast<int>(mode));
+    if (rif != o.values.end() && !kv::WriteFileAtomic(rif->second, kv::SchemeText(file))) {
+        std::cerr << "kelvaris-cli: cannot write " << rif->second << "\n";
+        return 1;
+    }
+    if (out != o.values.end()) {
+        if (std::getenv("QT_QPA_PLATFORM") == nullptr) qputenv("QT_QPA_PLATFORM", QByteArray("offscreen"));
+        int argc = 1;
+        char name[] = "kelvaris-cli";
+        char* argv[] = {name, nullptr};
+        QGuiApplication app(argc, argv);
+        kv::render::InitRender();
+        QString error;
+        if (!kv::render::WritePicture(kv::DrawScheme(file), QString::fromStdString(out->second),
+                                      QString::fromStdString(ws.project.ProjektNam), &error)) {
+            std::cerr << "kelvaris-cli: " << error.toStdString() << "\n";
+            return 1;
+        }
+    }
+    nlohmann::json j;
+    j["elements"] = file.elements.size();
+    j["mode"] = static_cast<int>(mode);
     Print(o, j);
     return 0;
 }

@@ -1,6 +1,8 @@
 #include "ui/main_window.h"
 
 #include "ui/list_dialogs.h"
+#include "ui/viewer_dialog.h"
+#include "documents/scheme_generator.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -144,6 +146,13 @@ MainWindow::MainWindow(kv::Workspace& ws, QWidget* parent) : QMainWindow(parent)
         programs->addWidget(b);
         programs_.push_back({b, static_cast<int>(program)});
         connect(b, &QPushButton::clicked, this, [this, b, program] {
+            // Without the drawing program the scheme opens in the viewer,
+            // composed anew for a calculated plant.
+            if (program == kv::ExternalProgram::Draw && kv::FindExternalProgram(ws_, program).empty()) {
+                if (ws_.project.CalcState == 1) kv::WriteScheme(ws_, 0);
+                OpenScreen(new ViewerDialog(ws_, QStringLiteral("RIFliess.dat"), this));
+                return;
+            }
             // A program that is not installed is explained once; its button then rests.
             if (kv::FindExternalProgram(ws_, program).empty()) {
                 QString text = Q(ws_.captions[kv::Cap::ProgramNotInstalled]);

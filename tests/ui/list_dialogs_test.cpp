@@ -26,6 +26,8 @@
 #include <filesystem>
 #include "ui/ped_dialog.h"
 #include "ui/report_dialog.h"
+#include "ui/viewer_dialog.h"
+#include "documents/scheme_generator.h"
 #include "ui/scheme_dialog.h"
 #include <QRadioButton>
 #include "ui/main_window.h"
@@ -294,6 +296,36 @@ TEST_F(ListScreens, ReportFromTheSchemeScreen) {
     ASSERT_TRUE(report->SavePdf(QString::fromStdString(pdf.string())));
     EXPECT_GT(std::filesystem::file_size(pdf), 2000u);
     report->close();
+}
+
+}  // namespace
+
+namespace {
+
+// The viewer of a generated scheme: zoom, an element moved with the mouse
+// and saved into Aktdraw.dat, the picture saved as SVG.
+TEST_F(ListScreens, SchemeViewerZoomsMovesAndSaves) {
+    ASSERT_TRUE(kv::WriteScheme(ws, 32));
+    kvui::ViewerDialog viewer(ws, QStringLiteral("RIFliess.dat"));
+    viewer.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&viewer));
+    ASSERT_GT(viewer.Scheme().elements.size(), 30u);
+    Shot(&viewer, "scheme_viewer.png");
+    const double fitted = viewer.Scale();
+    viewer.Zoom(2);
+    EXPECT_NEAR(viewer.Scale(), 2 * fitted, 1e-9);
+    // The compressor block at (8800, 2580) moved by 500 to the right.
+    viewer.Press(8900, 2700);
+    viewer.Drag(9400, 2700);
+    viewer.Release();
+    ASSERT_TRUE(viewer.SaveDrawing());
+    const kv::SchemeFile saved = kv::ReadSchemeFile(ws, "Aktdraw.dat");
+    bool moved = false;
+    for (const kv::SchemeElement& e : saved.elements) moved |= e.code == 14 && e.x1 == 9300;
+    EXPECT_TRUE(moved);
+    const std::filesystem::path svg = ws.DataDir() / "scheme.svg";
+    ASSERT_TRUE(viewer.SaveAs(QString::fromStdString(svg.string())));
+    EXPECT_GT(std::filesystem::file_size(svg), 1000u);
 }
 
 }  // namespace

@@ -20,6 +20,7 @@
 #include <QListWidget>
 #include "ui/project_data_dialog.h"
 #include "ui/main_window.h"
+#include "ui/viewer_dialog.h"
 #include "ui/qt_interface.h"
 #include "ui/welcome_dialog.h"
 #include "workspace_fixture.h"
@@ -121,14 +122,19 @@ TEST_F(MainWindowTest, MissingLanguageTablesKeepTheLanguage) {
     EXPECT_TRUE(shown.startsWith(kvui::Q(ws.captions.Message(61))));
     EXPECT_FALSE(polish->isChecked());
 
-    // The drawing program is not installed here: the user is told which, once.
+    // The drawing program is not installed here: the scheme opens in the viewer.
+    window.findChild<QPushButton*>(QStringLiteral("Drawing"))->click();
+    auto* viewer = window.findChild<kvui::ViewerDialog*>();
+    ASSERT_NE(viewer, nullptr);
+    viewer->close();
+    // Another program that is missing: the user is told which, once.
     QString missing;
     AnswerNextBox(QMessageBox::Ok, &missing);
-    auto* drawing = window.findChild<QPushButton*>(QStringLiteral("Drawing"));
-    drawing->click();
-    EXPECT_TRUE(missing.contains(QStringLiteral("kelvdraw.exe")));
-    EXPECT_FALSE(drawing->isEnabled());
-    EXPECT_TRUE(drawing->toolTip().contains(QStringLiteral("kelvdraw.exe")));
+    auto* parts = window.findChild<QPushButton*>(QStringLiteral("PartsProgram"));
+    parts->click();
+    EXPECT_TRUE(missing.contains(QStringLiteral("kelvpart.exe")));
+    EXPECT_FALSE(parts->isEnabled());
+    EXPECT_TRUE(parts->toolTip().contains(QStringLiteral("kelvpart.exe")));
 }
 
 TEST_F(MainWindowTest, AFailedSaveIsShownAndTheFileStays) {
