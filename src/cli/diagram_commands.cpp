@@ -15,6 +15,7 @@
 #include "cycle/scheme_screen.h"
 #include "project/data_screen.h"
 #include "refrigerant/registry.h"
+#include "offscreen_app.h"
 #include "render/render.h"
 #include "shell/numbers.h"
 #include "shell/text.h"
@@ -108,13 +109,7 @@ int CmdDiagram(const Options& o) {
         j["EER"] = window.figures.EER_ACT;
     }
 
-    // A batch run has no screen: Qt paints off screen unless told otherwise.
-    if (std::getenv("QT_QPA_PLATFORM") == nullptr) qputenv("QT_QPA_PLATFORM", QByteArray("offscreen"));
-    int argc = 1;
-    char name[] = "kelvaris-cli";
-    char* argv[] = {name, nullptr};
-    QGuiApplication app(argc, argv);
-    kv::render::InitRender();
+    const OffscreenApp app;
     QString error;
     const QString title = QString::fromStdString(window.fluid + " h,log p");
     if (!kv::render::WritePicture(drawing, QString::fromStdString(out), title, &error)) {

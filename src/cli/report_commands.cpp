@@ -18,6 +18,7 @@
 #include "lists/calc_lists.h"
 #include "lists/list_generation.h"
 #include "lists/list_rows.h"
+#include "offscreen_app.h"
 #include "render/render.h"
 #include "shell/files.h"
 #endif
@@ -56,12 +57,7 @@ int CmdReport(const Options& o) {
         if (s.title.find(": PED - ") != std::string::npos) s.pedCategory = ped.plantIndex;
     const std::vector<kv::DrawingList> pages = kv::LayoutReport(ws, sets);
 
-    if (std::getenv("QT_QPA_PLATFORM") == nullptr) qputenv("QT_QPA_PLATFORM", QByteArray("offscreen"));
-    int argc = 1;
-    char name[] = "kelvaris-cli";
-    char* argv[] = {name, nullptr};
-    QGuiApplication app(argc, argv);
-    kv::render::InitRender();
+    const OffscreenApp app;
     QString error;
     if (!kv::render::WritePdfPages(pages, QString::fromStdString(out->second), QString::fromStdString(ws.project.ProjektNam),
                                    &error)) {
@@ -95,12 +91,7 @@ int CmdScheme(const Options& o) {
         return 1;
     }
     if (out != o.values.end()) {
-        if (std::getenv("QT_QPA_PLATFORM") == nullptr) qputenv("QT_QPA_PLATFORM", QByteArray("offscreen"));
-        int argc = 1;
-        char name[] = "kelvaris-cli";
-        char* argv[] = {name, nullptr};
-        QGuiApplication app(argc, argv);
-        kv::render::InitRender();
+        const OffscreenApp app;
         QString error;
         if (!kv::render::WritePicture(kv::DrawScheme(file), QString::fromStdString(out->second),
                                       QString::fromStdString(ws.project.ProjektNam), &error)) {
