@@ -1,6 +1,9 @@
 #include "ui/report_dialog.h"
 
 #include <QComboBox>
+#include <QFormLayout>
+#include <QScreen>
+#include <QSlider>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -21,6 +24,71 @@
 #include "ui/qt_interface.h"
 
 namespace kvui {
+
+PrintSettingsDialog::PrintSettingsDialog(kv::Workspace& ws, kv::PrintSettings& settings, QWidget* parent)
+    : QDialog(parent), settings_(settings) {
+    setObjectName(QStringLiteral("DruckEInstell"));
+    const kv::Captions& c = ws.captions;
+    setWindowTitle(Q(c[kv::Cap::PrintSettingsTitle]));
+    paper_ = new QComboBox;
+    paper_->setObjectName(QStringLiteral("Paper"));
+    for (const char* p : kv::kPapers) paper_->addItem(QString::fromLatin1(p));
+    paper_->setCurrentText(Q(settings_.paper));
+    window_ = new QComboBox;
+    window_->setObjectName(QStringLiteral("WindowState"));
+    for (const char* w : kv::kWindowStates) window_->addItem(QString::fromLatin1(w));
+    window_->setCurrentIndex(settings_.windowState);
+    font_ = new QComboBox;
+    font_->setObjectName(QStringLiteral("FontSize"));
+    for (int f : kv::kFontSizes) font_->addItem(QString::number(f));
+    font_->setCurrentText(QString::number(settings_.fontSize));
+    scale_ = new QSlider(Qt::Horizontal);
+    scale_->setObjectName(QStringLiteral("Scale"));
+    scale_->setRange(50, 150);
+    scale_->setValue(settings_.scale);
+    auto* percent = new QLabel(QString::number(settings_.scale) + QStringLiteral(" %"));
+    connect(scale_, &QSlider::valueChanged, percent, [percent](int v) { percent->setText(QString::number(v) + QStringLiteral(" %")); });
+    // Printer_I: the printer and its page, with the sizes it reports.
+    auto* sizes = new QLabel;
+    sizes->setObjectName(QStringLiteral("Sizes"));
+    QPushButton* printer = NamedButton(Q(c[kv::Cap::Printer]), "Printer_I");
+    connect(printer, &QPushButton::clicked, this, [this, sizes] {
+        QPrinter p(QPrinter::HighResolution);
+        QPrintDialog dialog(&p, this);
+        if (dialog.exec() != QDialog::Accepted) return;
+        const QRect screen = this->screen() ? this->screen()->geometry() : QRect();
+        sizes->setText(QStringLiteral("Printer Height = %1\nPrinter Width = %2\nScreen Height = %3\nScreen Width = %4")
+                           .arg(p.height()).arg(p.width()).arg(screen.height()).arg(screen.width()));
+    });
+    QPushButton* ok = NamedButton(Q(c[kv::Cap::Ok]), "Ende_druck");
+    connect(ok, &QPushButton::clicked, this, [this] {
+        Take();
+        accept();
+    });
+    auto* form = new QFormLayout;
+    form->addRow(Q(c[kv::Cap::Paper]), paper_);
+    form->addRow(Q(c[kv::Cap::DrawingWindow]), window_);
+    form->addRow(Q(c[kv::Cap::FontSize]), font_);
+    auto* scaleRow = new QHBoxLayout;
+    scaleRow->addWidget(scale_, 1);
+    scaleRow->addWidget(percent);
+    form->addRow(Q(c[kv::Cap::Scale]), scaleRow);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addWidget(sizes);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(printer);
+    buttons->addStretch(1);
+    buttons->addWidget(ok);
+    layout->addLayout(buttons);
+}
+
+void PrintSettingsDialog::Take() {
+    settings_.paper = paper_->currentText().toStdString();
+    settings_.windowState = window_->currentIndex();
+    settings_.fontSize = font_->currentText().toInt();
+    settings_.scale = scale_->value();
+}
 
 ReportDialog::ReportDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent), ws_(ws) {
     setObjectName(QStringLiteral("ErgebEdit"));
@@ -52,6 +120,12 @@ ReportDialog::ReportDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent)
     QPushButton* insert = NamedButton(Q(c[kv::Cap::InsertRow]), "InsertRow");
     QPushButton* remove = NamedButton(Q(c[kv::Cap::DeleteRow]), "DeleteRow");
     QPushButton* print = NamedButton(Q(c[kv::Cap::Print]), "Print");
+    QPushButton* setup = NamedButton(Q(c[kv::Cap::PrintSettingsTitle]), "PrintSettings");
+    connect(setup, &QPushButton::clicked, this, [this] {
+        auto* d = new PrintSettingsDialog(ws_, settings_, this);
+        d->setAttribute(Qt::WA_DeleteOnClose);
+        d->open();
+    });
     QPushButton* pdf = NamedButton(QStringLiteral("PDF"), "Pdf");
     QPushButton* close = NamedButton(Q(c[kv::Cap::Close]), "Close");
     connect(insert, &QPushButton::clicked, this, &ReportDialog::InsertLine);
@@ -85,6 +159,7 @@ ReportDialog::ReportDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent)
     split->addWidget(left);
     split->addWidget(right);
     auto* buttons = new QHBoxLayout;
+    buttons->addWidget(setup);
     buttons->addWidget(print);
     buttons->addWidget(pdf);
     buttons->addStretch(1);
@@ -162,7 +237,10 @@ bool ReportDialog::SavePdf(const QString& path) { return kv::render::WritePdfPag
 
 bool ReportDialog::Print() {
     QPrinter printer(QPrinter::HighResolution);
-    printer.setPageSize(QPageSize(QPageSize::A4));
+    const QPageSize::PageSizeId paper = settings_.paper == "A3"   ? QPageSize::A3
+                                        : settings_.paper == "A2" ? QPageSize::A2
+                                                                  : QPageSize::A4;
+    printer.setPageSize(QPageSize(paper));
     QPrintDialog dialog(&printer, this);
     if (dialog.exec() != QDialog::Accepted) return false;
     QPainter p;
@@ -170,7 +248,9 @@ bool ReportDialog::Print() {
     const QRectF page = printer.pageLayout().paintRectPixels(printer.resolution());
     for (std::size_t i = 0; i < pages_.size(); ++i) {
         if (i > 0) printer.newPage();
-        kv::render::Paint(p, pages_[i], QRectF(0, 0, page.width(), page.height()));
+        // The scale of the print settings, about the page's top left corner.
+        const double f = settings_.scale / 100.0;
+        kv::render::Paint(p, pages_[i], QRectF(0, 0, page.width() * f, page.height() * f));
     }
     p.end();
     return true;

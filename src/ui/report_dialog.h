@@ -9,6 +9,7 @@
 #include "documents/report_layout.h"
 
 class QComboBox;
+class QSlider;
 class QLabel;
 class QSpinBox;
 class QTableWidget;
@@ -18,6 +19,22 @@ namespace kv { struct Workspace; }
 namespace kvui {
 
 class PictureView;
+
+// DruckEInstell: printer, paper, window state of the drawing, font size and
+// scale of the printout.
+class PrintSettingsDialog : public QDialog {
+    Q_OBJECT
+public:
+    PrintSettingsDialog(kv::Workspace& ws, kv::PrintSettings& settings, QWidget* parent = nullptr);
+    void Take();
+
+private:
+    kv::PrintSettings& settings_;
+    QComboBox* paper_ = nullptr;
+    QComboBox* window_ = nullptr;
+    QComboBox* font_ = nullptr;
+    QSlider* scale_ = nullptr;
+};
 
 class ReportDialog : public QDialog {
     Q_OBJECT
@@ -32,6 +49,7 @@ public:
     void DeleteLine();
     bool SavePdf(const QString& path);
     bool Print();
+    kv::PrintSettings& Settings() { return settings_; }
 
 private:
     void Relayout();
@@ -40,6 +58,7 @@ private:
     kv::Workspace& ws_;
     std::vector<kv::ReportSet> sets_;
     std::vector<kv::DrawingList> pages_;
+    kv::PrintSettings settings_;
     QComboBox* set_ = nullptr;
     QTableWidget* grid_ = nullptr;
     PictureView* preview_ = nullptr;

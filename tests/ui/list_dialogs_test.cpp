@@ -22,6 +22,7 @@
 #include "lists/costing.h"
 #include <QClipboard>
 #include <QComboBox>
+#include <QSlider>
 #include <QGuiApplication>
 #include <filesystem>
 #include "ui/ped_dialog.h"
@@ -292,6 +293,15 @@ TEST_F(ListScreens, ReportFromTheSchemeScreen) {
     report->InsertLine();
     grid->item(0, 0)->setText(QStringLiteral("12A line of the engineer's own"));
     EXPECT_EQ(report->Sets()[0].lines[0], "12A line of the engineer's own");
+    // The print settings stay with the screen.
+    report->findChild<QPushButton*>(QStringLiteral("PrintSettings"))->click();
+    auto* settings = report->findChild<kvui::PrintSettingsDialog*>();
+    ASSERT_NE(settings, nullptr);
+    settings->findChild<QComboBox*>(QStringLiteral("Paper"))->setCurrentText(QStringLiteral("A3"));
+    settings->findChild<QSlider*>(QStringLiteral("Scale"))->setValue(80);
+    settings->findChild<QPushButton*>(QStringLiteral("Ende_druck"))->click();
+    EXPECT_EQ(report->Settings().paper, "A3");
+    EXPECT_EQ(report->Settings().scale, 80);
     const std::filesystem::path pdf = ws.DataDir() / "report.pdf";
     ASSERT_TRUE(report->SavePdf(QString::fromStdString(pdf.string())));
     EXPECT_GT(std::filesystem::file_size(pdf), 2000u);

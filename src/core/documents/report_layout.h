@@ -42,6 +42,17 @@ std::vector<ReportSet> PlantReportSets(const Workspace& ws);
 // Writes ergDt3.DAT: the plant results of the last calculation.
 bool WritePlantResults(Workspace& ws);
 
+// The print settings screen's choices; they stay while the report screen is open.
+struct PrintSettings {
+    std::string paper = "A4";   // "A4", "A3", "A2"
+    int windowState = 2;        // the drawing window: 0 none, 1 maximized, 2 normal
+    int fontSize = 10;
+    int scale = 100;            // %
+};
+inline constexpr const char* kPapers[] = {"A4", "A3", "A2"};
+inline constexpr const char* kWindowStates[] = {"0 = none", "1 = maximized", "2 = normal"};
+inline constexpr int kFontSizes[] = {1, 2, 3, 4, 5, 6, 7, 8, 10, 12, 14, 16, 18, 20};
+
 // The efficiency label of a class "A+++" to "G" as vector graphics, `height`
 // high with its top left corner at (x, y).
 void DrawEfficiencyLabel(DrawingList& d, double x, double y, double height, std::string_view cls);
