@@ -48,6 +48,7 @@ int CmdReport(const Options& o) {
     int empty = 0;
     if (!CalculateWithLists(o, ws, scheme, code, &empty)) return code;
     kv::WritePlantResults(ws);
+    kv::WriteHeatExchangerSheet(ws);
     kv::PedScreen ped;
     kv::OpenPedScreen(ws, ped, 1);
     kv::WritePedProtocol(ws, ped);

@@ -174,6 +174,7 @@ QWidget* SchemeDialog::BuildEntries() {
         if (ws_.project.CalcState != 1 && !Calculate()) return;
         kv::WriteCalculationLists(ws_, false);
         kv::WritePlantResults(ws_);
+        kv::WriteHeatExchangerSheet(ws_);
         auto* d = new ReportDialog(ws_, this);
         d->setAttribute(Qt::WA_DeleteOnClose);
         d->open();

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <variant>
@@ -70,6 +71,10 @@ TEST_F(Report, FramesPicturesAndPages) {
     }
     EXPECT_EQ(rects, 1);
     EXPECT_TRUE(numbered);
+    // The heat exchanger sheet is a set of its own with its two frames.
+    ASSERT_TRUE(kv::WriteHeatExchangerSheet(ws));
+    const auto sheet = kv::ReadResultSet(ws, "KWcalc.DAT", 0);
+    EXPECT_EQ(std::count(sheet.begin(), sheet.end(), "Rechteck2"), 2);
     // A missing file prints an empty set; no pages for no sets.
     EXPECT_TRUE(kv::ReadResultSet(ws, "nothing.DAT", 0).empty());
     EXPECT_TRUE(kv::LayoutReport(ws, {}).empty());

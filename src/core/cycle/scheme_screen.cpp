@@ -7,6 +7,7 @@
 #include "lines/line_sizing.h"
 #include "lines/pipe_series.h"
 #include "lines/pipe_table.h"
+#include "documents/report_layout.h"
 #include "lists/calc_lists.h"
 #include "project/project.h"
 #include "refrigerant/registry.h"
@@ -22,7 +23,10 @@ namespace {
 // sizes for the parts list and the scheme.
 bool CalculateAndList(Workspace& ws, SchemeScreen& s, int mode, bool appendFittings) {
     const bool ok = CalculateCycle(ws, s, mode);
-    if (ok && ws.project.CalcState == 1) WriteCalculationLists(ws, appendFittings);
+    if (ok && ws.project.CalcState == 1) {
+        WriteCalculationLists(ws, appendFittings);
+        WriteHeatExchangerSheet(ws);
+    }
     return ok;
 }
 }  // namespace

@@ -4,6 +4,8 @@
 #include <array>
 #include <cmath>
 
+#include "catalogue/component_search.h"
+#include "lists/list_generation.h"
 #include "lists/list_rows.h"
 #include "shell/captions.h"
 #include "shell/files.h"
@@ -259,6 +261,7 @@ std::vector<ReportSet> PlantReportSets(const Workspace& ws) {
     add(head + " - " + c[Cap::ReportPlantData], "ergDt3.DAT", 0, true);
     add(head + " - " + c[Cap::ReportLineData], lists::kLineResults, lists::kHeader, true);
     add(head + " - " + c[Cap::ReportComponents], lists::kComponentResults, lists::kHeader, true);
+    add(head + " - " + c[Cap::KindEvaporator] + " / " + c[Cap::KindCondenser], "KWcalc.DAT", 0, false);
     const std::string ped = c[Cap::ReportWord] + ": PED - " + c[Cap::Refrigerant] + " : " + ws.project.KaelteM;
     add(ped, "PEDpar.DAT", 0, false);
     add(ped, "PEDpar2.DAT", 0, false);
@@ -296,6 +299,45 @@ bool WritePlantResults(Workspace& ws) {
     line(label(c[Cap::DischargeTemp], "°C", NumberText(Cut(k.tDischargeC, 1))));
     line(label(c[Cap::RequiredSweptVolume], "m³/h", NumberText(Cut(k.requiredSweptVolume, 2))));
     return WriteListText(ws, "ergDt3.DAT", w.Text());
+}
+
+bool WriteHeatExchangerSheet(Workspace& ws) {
+    const Captions& c = ws.captions;
+    const CycleState& k = ws.cycle;
+    const Project& p = ws.project;
+    const ListFile units = ReadListFile(ws, lists::kUnits, lists::kHeader, lists::kUnitRow);
+    RecordWriter w;
+    auto line = [&](const std::string& t) { w.Item(t).EndLine(); };
+    auto pair = [&](const std::string& word, const char* unit, const std::string& value) {
+        line("E1" + word + " /[" + unit + "] : §$&" + value);
+    };
+    auto article = [&](int kind, int group) {
+        std::string text = ChosenHeatExchanger(ws, group);
+        if (!text.empty()) return text;
+        for (const auto& r : units.rows)
+            if (r[0] == KindListCaption(ws, kind)) return r[1] + ", " + r[2];
+        return std::string(" -- ");
+    };
+    line("15" + c[Cap::KindEvaporator] + " / " + c[Cap::KindCondenser]);
+    line("10" + p.ProjektNam);
+    line("");
+    line("Rechteck2");
+    line("&$$" + c[Cap::KindEvaporator]);
+    pair(c[Cap::RefrigCapacity], "kW", NumberText(std::trunc(100 * k.Q0 + 0.005) / 100));
+    pair(c[Cap::DtEvaporator], "K", NumberText(p.dtVerdK));
+    pair(c[Cap::EvapTemp], "°C", NumberText(Cut(k.tEvapK - 273.15, 2)));
+    if (!Trim(p.doelL).empty()) pair(c[Cap::EvapSide], "°C", p.doelL);
+    pair(c[Cap::TypeDesignation], "-", article(13, 600));
+    line("");
+    line("Rechteck2");
+    line("&$$" + c[Cap::KindCondenser]);
+    const double qc = k.Qh > 0 ? k.Qh : k.Q0 + k.pShaft;
+    pair(c[Cap::HeatingCapacity], "kW", NumberText(std::trunc(100 * qc + 0.005) / 100));
+    pair(c[Cap::DtCondenser], "K", NumberText(p.dtKondK));
+    pair(c[Cap::CondTemp], "°C", NumberText(Cut(k.tCondK - 273.15, 2)));
+    if (!Trim(p.DKondL).empty()) pair(c[Cap::CondSide], "°C", p.DKondL);
+    pair(c[Cap::TypeDesignation], "-", article(14, 650));
+    return WriteListText(ws, "KWcalc.DAT", w.Text());
 }
 
 }  // namespace kv

@@ -41,6 +41,10 @@ std::vector<ReportSet> PlantReportSets(const Workspace& ws);
 
 // Writes ergDt3.DAT: the plant results of the last calculation.
 bool WritePlantResults(Workspace& ws);
+// Writes KWcalc.DAT: the heat exchanger sheet of the plant, evaporator and
+// condenser with duty, temperature difference, fluid temperatures and the
+// adopted article with its energy class.
+bool WriteHeatExchangerSheet(Workspace& ws);
 
 // The print settings screen's choices; they stay while the report screen is open.
 struct PrintSettings {

@@ -213,6 +213,13 @@ SchemeFile ComposeScheme(const Workspace& ws, int mode) {
         c.Line(5, 5300, 5660, 9000, 5660, lineText(EconomizerSuction), 1);
         c.Line(5, 9000, 5660, 9000, 3400);
     }
+    // A second stage: the intermediate vessel and its loop.
+    if (IsTwoStagePlant(p.AnlagenTyp)) {
+        c.Symbol(19, 7350, 5800, 400, 500, cap[Cap::IntermediatePressure]);
+        c.Line(6, 7400, 5800, 7400, 3400);
+        c.Line(5, 7800, 5800, 7800, 3000);
+        c.Line(5, 7800, 3000, 8800, 3000);
+    }
     // Hot-gas bypass: from the discharge down to the injection.
     if (p.HGBypass != 0) {
         c.Line(6, 6350, 2800, 6350, 9800, lineText(HotGasBypass), 2);
