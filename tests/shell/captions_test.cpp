@@ -135,3 +135,23 @@ TEST(LanguageWords, SectionNamesAndJoints) {
     EXPECT_EQ(kv::FieldLabel("Length", "m"), "Length /[m] :");
     EXPECT_EQ(kv::LanguageName("GER"), "Deutsch");
 }
+
+namespace {
+
+using StaleTables = kvtest::WorkspaceTest;
+
+// A caption table an earlier release installed, one word short: the words
+// come from the factory table, and the user's file stays as it was.
+TEST_F(StaleTables, CaptionTableOutOfStepIsReadFromTheFactory) {
+    kv::PrepareWorkspace(ws);
+    const auto path = kv::ResolveName(ws, "Caption.ENG");
+    const std::string text = kv::ReadWholeFile(path);
+    const std::string shortened = text.substr(0, text.rfind("\r\n", text.size() - 3) + 2);
+    kv::WriteFileAtomic(path, shortened);
+    kv::LoadCaptions(ws);
+    EXPECT_EQ(ws.captions[kv::Cap::Yes], "Yes");
+    EXPECT_FALSE(ws.captions[static_cast<kv::Cap>(static_cast<int>(kv::Cap::Count_) - 1)].empty());
+    EXPECT_EQ(kv::ReadWholeFile(path), shortened);
+}
+
+}  // namespace

@@ -1,5 +1,7 @@
 #include "shell/captions.h"
 
+#include <filesystem>
+
 #include "shell/files.h"
 #include "shell/text.h"
 #include "shell/numbers.h"
@@ -80,22 +82,49 @@ std::vector<std::string> ReadCaptionFile(const Workspace& ws, std::string_view f
     return lines;
 }
 
+namespace {
+
+// A table of the data directory that an earlier release installed holds
+// fewer or more words than this program reads by position: every word
+// behind the first difference would stand in the wrong place. Such a table
+// is read from the factory data instead (the user's file stays as it is);
+// a table that fits, edited or not, is the user's.
+std::vector<std::string> ReadFittingTable(const Workspace& ws, const std::string& name, int lineCount) {
+    std::vector<std::string> lines = ReadCaptionFile(ws, name);
+    if (lines.empty() || static_cast<int>(lines.size()) == lineCount || ws.factoryDir.empty()) return lines;
+    const std::filesystem::path factory = ResolveName(ws.factoryDir, name);
+    if (!std::filesystem::exists(factory)) return lines;
+    RecordReader in = OpenIn(factory);
+    std::vector<std::string> own;
+    std::string line;
+    while (in.ReadLine(line)) own.emplace_back(std::move(line));
+    if (!own.empty() && own[0].rfind("\xEF\xBB\xBF", 0) == 0) own[0].erase(0, 3);
+    return static_cast<int>(own.size()) == lineCount ? own : lines;
+}
+
+template <class Words>
+int LineCount() {
+    return static_cast<int>(Words::Count_);
+}
+
+}  // namespace
+
 void LoadCaptions(Workspace& ws) {
-    ws.captions.caption.Assign(ReadCaptionFile(ws, TableName("Caption", ws.settings.Sprache)));
+    ws.captions.caption.Assign(ReadFittingTable(ws, TableName("Caption", ws.settings.Sprache), LineCount<Cap>()));
     ws.captions.language = ws.settings.Sprache;
 }
 
 void LoadVerbCaptions(Workspace& ws) {
-    ws.captions.verb.Assign(ReadCaptionFile(ws, TableName("VerbCapt", ws.settings.Sprache)));
+    ws.captions.verb.Assign(ReadFittingTable(ws, TableName("VerbCapt", ws.settings.Sprache), LineCount<VerbWord>()));
 }
 
 void LoadOtherCaptions(Workspace& ws) {
     const std::string& l = ws.settings.Sprache;
-    ws.captions.hx.Assign(ReadCaptionFile(ws, TableName("HXCapt", l)));
-    ws.captions.airco.Assign(ReadCaptionFile(ws, TableName("AirCoCap", l)));
-    ws.captions.esim.Assign(ReadCaptionFile(ws, TableName("ESimCap", l)));
-    ws.captions.draw.Assign(ReadCaptionFile(ws, TableName("DrawCap", l)));
-    ws.captions.ped.Assign(ReadCaptionFile(ws, TableName("PEDcap", l)));
+    ws.captions.hx.Assign(ReadFittingTable(ws, TableName("HXCapt", l), LineCount<HxWord>()));
+    ws.captions.airco.Assign(ReadFittingTable(ws, TableName("AirCoCap", l), LineCount<AircoWord>()));
+    ws.captions.esim.Assign(ReadFittingTable(ws, TableName("ESimCap", l), LineCount<EsimWord>()));
+    ws.captions.draw.Assign(ReadFittingTable(ws, TableName("DrawCap", l), LineCount<DrawWord>()));
+    ws.captions.ped.Assign(ReadFittingTable(ws, TableName("PEDcap", l), LineCount<PedWord>()));
 }
 
 std::vector<HelpTopic> ReadHelpTable(const Workspace& ws, std::string_view fileName) {
