@@ -21,6 +21,7 @@
 #include "lines/pipe_series.h"
 #include "ui/help_dialog.h"
 #include "ui/picture_view.h"
+#include "ui/load_split_dialog.h"
 #include "ui/report_dialog.h"
 #include "ui/selection_dialogs.h"
 #include "documents/report_layout.h"
@@ -179,10 +180,24 @@ QWidget* SchemeDialog::BuildEntries() {
         d->setAttribute(Qt::WA_DeleteOnClose);
         d->open();
     });
+    // The load split of the suction and of the discharge line.
+    auto* splitSuction = new QPushButton(Q(ws_.captions[kv::Cap::LoadSplitSuction]));
+    splitSuction->setObjectName(QStringLiteral("slpitSL"));
+    auto* splitDischarge = new QPushButton(Q(ws_.captions[kv::Cap::LoadSplitDischarge]));
+    splitDischarge->setObjectName(QStringLiteral("SplitDL"));
+    for (auto [button, discharge] : {std::pair{splitSuction, false}, std::pair{splitDischarge, true}})
+        connect(button, &QPushButton::clicked, this, [this, discharge] {
+            if (ws_.project.CalcState != 1 && !Calculate()) return;
+            auto* d = new LoadSplitDialog(ws_, discharge, this);
+            d->setAttribute(Qt::WA_DeleteOnClose);
+            d->open();
+        });
     form->addRow(calc);
     form->addRow(diagram);
     form->addRow(select);
     form->addRow(report);
+    form->addRow(splitSuction);
+    form->addRow(splitDischarge);
     form->addRow(close);
     return box;
 }

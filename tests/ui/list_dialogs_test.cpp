@@ -27,6 +27,9 @@
 #include <filesystem>
 #include "ui/ped_dialog.h"
 #include "ui/report_dialog.h"
+#include "ui/load_split_dialog.h"
+#include <QSpinBox>
+#include "shell/numbers.h"
 #include "ui/viewer_dialog.h"
 #include "documents/scheme_generator.h"
 #include "ui/scheme_dialog.h"
@@ -336,6 +339,37 @@ TEST_F(ListScreens, SchemeViewerZoomsMovesAndSaves) {
     const std::filesystem::path svg = ws.DataDir() / "scheme.svg";
     ASSERT_TRUE(viewer.SaveAs(QString::fromStdString(svg.string())));
     EXPECT_GT(std::filesystem::file_size(svg), 1000u);
+}
+
+}  // namespace
+
+namespace {
+
+TEST_F(ListScreens, LoadSplitOfTheSuctionLine) {
+    kvui::SchemeDialog scheme(ws);
+    scheme.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&scheme));
+    scheme.findChild<QPushButton*>(QStringLiteral("slpitSL"))->click();
+    auto* split = scheme.findChild<kvui::LoadSplitDialog*>();
+    ASSERT_NE(split, nullptr);
+    split->findChild<QSpinBox*>(QStringLiteral("Branches"))->setValue(3);
+    split->findChild<QLineEdit*>(QStringLiteral("Share1"))->setText(QStringLiteral("50"));
+    split->findChild<QLineEdit*>(QStringLiteral("Share2"))->setText(QStringLiteral("30"));
+    split->findChild<QLineEdit*>(QStringLiteral("Share3"))->setText(QStringLiteral("10"));
+    EXPECT_FALSE(split->Calculate());  // 90 % only
+    EXPECT_FALSE(split->findChild<QLabel*>(QStringLiteral("Message"))->text().isEmpty());
+    split->findChild<QLineEdit*>(QStringLiteral("Share3"))->setText(QStringLiteral("20"));
+    ASSERT_TRUE(split->Calculate());
+    const auto& rows = split->Model().rows;
+    ASSERT_EQ(rows.size(), 3u);
+    EXPECT_NEAR(rows[0].massFlow, ws.cycle.massFlow / 2, 1e-12);
+    for (const kv::SplitBranch& b : rows) EXPECT_FALSE(b.size.empty());
+    // The smaller branch takes no larger pipe than the larger one.
+    EXPECT_LE(kv::ToNumber(rows[2].size).value, kv::ToNumber(rows[0].size).value);
+    Shot(split, "load_split.png");
+    ASSERT_TRUE(split->Save());
+    EXPECT_EQ(kv::ReadListFile(ws, "SP_TempS.dat", 0, 8).rows.size(), 3u);
+    EXPECT_GT(kv::FileLength(ws, "sp_print.dat"), 50u);
 }
 
 }  // namespace
