@@ -92,6 +92,21 @@ ListDialog::ListDialog(kv::Workspace& ws, const QString& file, QWidget* parent) 
     QPushButton* reselect = NamedButton(Q(c[kv::Cap::BtnReselect]), "Reselect");
     QPushButton* ped = NamedButton(Q(c[kv::Cap::PedList]), "RebuildPed");
     QPushButton* protocol = NamedButton(Q(c[kv::PedWord::Protocol]) + QStringLiteral(" PED"), "PedProtocol");
+    // The lists of the stored project, copied item by item in and out.
+    const QString stored = Q(ws_.project.ProjektDatei);
+    QPushButton* fromProject = NamedButton(Q(c[kv::Cap::Load]) + QStringLiteral(" ← ") + stored, "ListsFromProject");
+    QPushButton* toProject = NamedButton(Q(c[kv::Cap::Save]) + QStringLiteral(" → ") + stored, "ListsToProject");
+    fromProject->setEnabled(!stored.isEmpty());
+    toProject->setEnabled(!stored.isEmpty());
+    connect(fromProject, &QPushButton::clicked, this, [this] {
+        kv::CopyListsItemwise(ws_, ws_.project.ProjektDatei, ws_.project.ProjektVerz, false);
+        for (std::size_t t = 0; t < kv::kScreenLists.size(); ++t) {
+            kv::OpenList(ws_, models_[t], kv::kScreenLists[t]);
+            Fill(static_cast<int>(t));
+        }
+    });
+    connect(toProject, &QPushButton::clicked, this,
+            [this] { kv::CopyListsItemwise(ws_, ws_.project.ProjektDatei, ws_.project.ProjektVerz, true); });
     QPushButton* orders = NamedButton(Q(c[kv::Cap::OrderNumbersTitle]), "BestellN");
     QPushButton* costing = NamedButton(Q(c[kv::Cap::BtnCosting]), "CalcAnfang");
     QPushButton* exporting = NamedButton(Q(c[kv::Cap::BtnExport]), "ExportStart");
@@ -137,6 +152,8 @@ ListDialog::ListDialog(kv::Workspace& ws, const QString& file, QWidget* parent) 
     auto* further = new QHBoxLayout;
     for (QPushButton* b : {protocol, orders, costing, exporting, costData}) further->addWidget(b);
     further->addStretch(1);
+    further->addWidget(fromProject);
+    further->addWidget(toProject);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(tabs_, 1);
     layout->addWidget(message_);

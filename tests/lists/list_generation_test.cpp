@@ -282,3 +282,24 @@ TEST_F(Lists, ConnectionsInMillimetres) {
 }
 
 }  // namespace
+
+namespace {
+
+// The screen's item-wise copy: six pairs, each item a record of its own,
+// an empty source skipped.
+TEST_F(Lists, ItemwiseCopyOfTheSixPairs) {
+    Calculate("AirWater_R290.prj");
+    ASSERT_TRUE(kv::GenerateLists(ws).ok);
+    kv::WriteFileAtomic(kv::ResolveName(ws, kv::lists::kFittings), "");
+    const std::string dir = (ws.DataDir() / "stored").string();
+    std::filesystem::create_directories(dir);
+    EXPECT_EQ(kv::CopyListsItemwise(ws, "Plant.prj", dir, true), 5);  // the empty fittings list is skipped
+    const std::string out = kv::ReadWholeFile(std::filesystem::path(dir) / "Plant.vlt");
+    EXPECT_EQ(out.find("\",\""), std::string::npos);  // no two items on one line
+    const auto parts = Read(kv::lists::kParts);
+    kv::DeleteFile(ws, kv::lists::kParts);
+    EXPECT_EQ(kv::CopyListsItemwise(ws, "Plant.prj", dir, false), 5);
+    EXPECT_EQ(Read(kv::lists::kParts).rows, parts.rows);
+}
+
+}  // namespace

@@ -287,6 +287,28 @@ bool RebuildPedList(Workspace& ws) {
     return WriteListText(ws, lists::kPed, w.Text());
 }
 
+int CopyListsItemwise(Workspace& ws, const std::string& projectFile, const std::string& directory, bool toProject) {
+    static constexpr std::pair<const char*, std::string_view> kPairs[] = {
+        {".vlt", lists::kParts},       {".rlt", lists::kPipes},        {".flt", lists::kFittings},
+        {".alt", lists::kUnits},       {".vtd", lists::kPartsChange},  {".atd", lists::kUnitsChange}};
+    const std::string stem = projectFile.size() > 4 ? projectFile.substr(0, projectFile.size() - 4) : projectFile;
+    std::string dir = directory;
+    if (!dir.empty() && dir.back() != '/' && dir.back() != '\\') dir += '/';
+    int copied = 0;
+    for (const auto& [extension, list] : kPairs) {
+        const std::string companion = dir + stem + extension;
+        const std::string from = toProject ? std::string(list) : companion;
+        const std::string to = toProject ? companion : std::string(list);
+        if (FileLength(ws, from) == 0) continue;
+        RecordReader in = OpenIn(ws, from);
+        RecordWriter w;
+        std::string item;
+        while (!in.AtEnd() && in.Read(item)) w.Item(item).EndLine();
+        if (WriteListText(ws, to, w.Text())) ++copied;
+    }
+    return copied;
+}
+
 std::array<bool, 5> ReadCostingChoice(const Workspace& ws) {
     std::array<bool, 5> on{true, true, true, true, true};
     RecordReader in = OpenIn(ws, kCostingChoiceFile);

@@ -68,6 +68,13 @@ bool ReselectRow(Workspace& ws, ListScreen& s, int row, long long record = 0);
 // designation and order number.
 bool RebuildPedList(Workspace& ws);
 
+// The screen's item-wise copy between the working lists and a project's
+// companions, for its six pairs (.vlt, .rlt, .flt, .alt, .vtd, .atd): a
+// source of non-zero length is read item by item and each item written as
+// a record of its own; an empty or missing source is skipped. `toProject`
+// copies the working lists out. Returns the number of files copied.
+int CopyListsItemwise(Workspace& ws, const std::string& projectFile, const std::string& directory, bool toProject);
+
 // Which lists the costing run takes ("ListSel.dat": five flags in the
 // order of kCostingLists; missing flags are on).
 std::array<bool, 5> ReadCostingChoice(const Workspace& ws);
