@@ -1,6 +1,10 @@
 #include "ui/report_dialog.h"
 
+#include <algorithm>
+
+#include <QClipboard>
 #include <QComboBox>
+#include <QGuiApplication>
 #include <QFormLayout>
 #include <QScreen>
 #include <QSlider>
@@ -119,6 +123,10 @@ ReportDialog::ReportDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent)
 
     QPushButton* insert = NamedButton(Q(c[kv::Cap::InsertRow]), "InsertRow");
     QPushButton* remove = NamedButton(Q(c[kv::Cap::DeleteRow]), "DeleteRow");
+    QPushButton* copy = NamedButton(Q(c[kv::Cap::Copy]), "Copy");
+    QPushButton* paste = NamedButton(Q(c[kv::Cap::Paste]), "Paste");
+    connect(copy, &QPushButton::clicked, this, &ReportDialog::CopyLines);
+    connect(paste, &QPushButton::clicked, this, &ReportDialog::PasteLines);
     QPushButton* print = NamedButton(Q(c[kv::Cap::Print]), "Print");
     QPushButton* setup = NamedButton(Q(c[kv::Cap::PrintSettingsTitle]), "PrintSettings");
     connect(setup, &QPushButton::clicked, this, [this] {
@@ -143,8 +151,7 @@ ReportDialog::ReportDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent)
     leftLayout->addWidget(set_);
     leftLayout->addWidget(grid_, 1);
     auto* edit = new QHBoxLayout;
-    edit->addWidget(insert);
-    edit->addWidget(remove);
+    for (QPushButton* b : {insert, remove, copy, paste}) edit->addWidget(b);
     edit->addStretch(1);
     leftLayout->addLayout(edit);
     auto* right = new QWidget;
@@ -229,6 +236,31 @@ void ReportDialog::InsertLine() {
 void ReportDialog::DeleteLine() {
     if (grid_->currentRow() < 0) return;
     grid_->removeRow(grid_->currentRow());
+    TakeGrid();
+    Relayout();
+}
+
+void ReportDialog::CopyLines() {
+    int first = grid_->currentRow(), last = first;
+    for (const QTableWidgetSelectionRange& r : grid_->selectedRanges()) {
+        first = std::min(first, r.topRow());
+        last = std::max(last, r.bottomRow());
+    }
+    QStringList lines;
+    for (int r = std::max(0, first); r <= last && r < grid_->rowCount(); ++r)
+        lines << (grid_->item(r, 0) ? grid_->item(r, 0)->text() : QString());
+    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
+
+void ReportDialog::PasteLines() {
+    const QStringList lines = QGuiApplication::clipboard()->text().split(QLatin1Char('\n'));
+    int row = std::max(0, grid_->currentRow());
+    filling_ = true;
+    for (const QString& line : lines) {
+        grid_->insertRow(row);
+        grid_->setItem(row++, 0, new QTableWidgetItem(QString(line).remove(QLatin1Char('\r'))));
+    }
+    filling_ = false;
     TakeGrid();
     Relayout();
 }

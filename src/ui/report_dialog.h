@@ -47,6 +47,8 @@ public:
     // DataSpread operations on the rows of the current set.
     void InsertLine();
     void DeleteLine();
+    void CopyLines();
+    void PasteLines();
     bool SavePdf(const QString& path);
     bool Print();
     kv::PrintSettings& Settings() { return settings_; }

@@ -71,6 +71,13 @@ TEST_F(Report, FramesPicturesAndPages) {
     }
     EXPECT_EQ(rects, 1);
     EXPECT_TRUE(numbered);
+    // The places of further capacity figures follow the plant's size; the
+    // compressor words by principle, "Turbo" as it stands.
+    EXPECT_EQ(kv::CapacityScale(10), 1000);
+    EXPECT_EQ(kv::CapacityScale(10.5), 100);
+    EXPECT_EQ(kv::CapacityScale(150), 10);
+    EXPECT_EQ(kv::CompressorWord(ws, 4), "Turbo");
+    EXPECT_EQ(kv::CompressorWord(ws, 3), ws.captions[kv::Cap::CompressorKindThird]);
     // The heat exchanger sheet is a set of its own with its two frames.
     ASSERT_TRUE(kv::WriteHeatExchangerSheet(ws));
     const auto sheet = kv::ReadResultSet(ws, "KWcalc.DAT", 0);

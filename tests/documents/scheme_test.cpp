@@ -104,6 +104,23 @@ TEST_F(Scheme, PlainPlantOnItsGrid) {
     EXPECT_EQ(compressor->text, "BSC 13.9");
 }
 
+// A load split of the suction line draws its further branches as side
+// circuits; a hot-gas defrost its discharge branch.
+TEST_F(Scheme, SideCircuitsAndDefrostBranch) {
+    Plant("AirWater_R290.prj");
+    kv::WriteFileAtomic(kv::ResolveName(ws, "SP_TempS.dat"),
+                        "\"1\",\"60\",\"4.6\",\"18 x 1\",\"0.02\",\"50\",\"0.4\",\"9\"\r\n"
+                        "\"2\",\"40\",\"3.1\",\"15 x 1\",\"0.01\",\"40\",\"0.3\",\"8\"\r\n");
+    ws.project.AbtauArt = 1;
+    const kv::SchemeFile f = kv::ComposeScheme(ws, 0);
+    const kv::SchemeElement* branch = Find(f, 5, 6200, 6810);
+    ASSERT_NE(branch, nullptr);
+    EXPECT_EQ(branch->text, "15 x 1  3.1 kW");
+    EXPECT_NE(Find(f, 16, 7000, 6690), nullptr);
+    EXPECT_EQ(Find(f, 5, 6200, 5660), nullptr);  // one further branch only
+    EXPECT_NE(Find(f, 452, 4525, 7325), nullptr);
+}
+
 TEST_F(Scheme, EconomizerPlantDrawsItsSideCircuit) {
     Plant("Economizer_R134a.prj");
     const kv::SchemeFile f = kv::ComposeScheme(ws, 0);

@@ -296,6 +296,13 @@ TEST_F(ListScreens, ReportFromTheSchemeScreen) {
     report->InsertLine();
     grid->item(0, 0)->setText(QStringLiteral("12A line of the engineer's own"));
     EXPECT_EQ(report->Sets()[0].lines[0], "12A line of the engineer's own");
+    // Copied and pasted lines: the grid and the pages follow.
+    const std::size_t lines = report->Sets()[0].lines.size();
+    grid->setCurrentCell(0, 0);
+    report->CopyLines();
+    report->PasteLines();
+    ASSERT_EQ(report->Sets()[0].lines.size(), lines + 1);
+    EXPECT_EQ(report->Sets()[0].lines[1], "12A line of the engineer's own");
     // The print settings stay with the screen.
     report->findChild<QPushButton*>(QStringLiteral("PrintSettings"))->click();
     auto* settings = report->findChild<kvui::PrintSettingsDialog*>();

@@ -269,11 +269,34 @@ std::vector<ReportSet> PlantReportSets(const Workspace& ws) {
     return sets;
 }
 
+double CapacityScale(double q0) {
+    if (q0 > 100) return 10;
+    if (q0 > 10) return 100;
+    return 1000;
+}
+
+std::string CompressorWord(const Workspace& ws, int principle) {
+    const Captions& c = ws.captions;
+    switch (principle) {
+    case 1: return c[Cap::CompressorKindFirst];
+    case 2: return c[Cap::CompressorKindSecond];
+    case 3: return c[Cap::CompressorKindThird];
+    case 4: return "Turbo";
+    case 5: return c[Cap::CompressorRollingPiston];
+    default: return c[Cap::KindCompressor];
+    }
+}
+
 bool WritePlantResults(Workspace& ws) {
     const Captions& c = ws.captions;
     const CycleState& k = ws.cycle;
     const Project& p = ws.project;
+    const std::string lang = ws.settings.Sprache;
+    // Capacities to cents; further capacity figures to the places the
+    // plant's size calls for (three up to 10 kW, two up to 100, one above).
     auto capacity = [](double v) { return NumberText(std::trunc(100 * v + 0.005) / 100); };
+    const double scale = CapacityScale(k.Q0);
+    auto scaled = [&](double v) { return NumberText(std::round(v * scale) / scale); };
     auto label = [](const std::string& word, const char* unit, const std::string& value) {
         return "        " + word + " /[" + unit + "] : §$&" + value;
     };
@@ -291,10 +314,29 @@ bool WritePlantResults(Workspace& ws) {
     line(label(c[Cap::CondPressure], "bar", NumberText(Cut(k.pCond, 2))));
     const std::string type = UpperAscii(p.AnlagenTyp);
     const bool heatPump = type == "HEATP" || type == "HEATPUMP-2ST";
-    line(label(c[Cap::RefrigCapacity], "kW", capacity(k.Q0)));
-    line(label(c[Cap::HeatingCapacity], "kW", capacity(k.Qh > 0 ? k.Qh : k.Q0 + k.pShaft)));
-    line(label(c[Cap::ShaftPower], "kW", capacity(k.pShaft)));
-    line(label(heatPump ? "COP" : "EER", "-", NumberText(Cut(heatPump ? k.cop : k.eer, 2))));
+    const double qh = k.Qh > 0 ? k.Qh : k.Q0 + k.pShaft;
+    if (type == "MONOF") {
+        // The two stages of a mono-fluid unit: each half and the whole.
+        line(label(c[Cap::RefrigCapacity], "kW", capacity(k.Q0) + "  - (" + scaled(k.Q0 / 2) + " =>  " + scaled(k.Q0 / 2) +
+                                                      " / " + capacity(k.Q0) + ")"));
+        line(label(c[Cap::ShaftPower], "kW", scaled(k.pShaft) + "  - (" + scaled(k.pShaft / 2) + " =>  " +
+                                                 scaled(k.pShaft / 2) + " / " + scaled(k.pShaft) + ")"));
+    } else {
+        line(label(c[Cap::RefrigCapacity], "kW", capacity(k.Q0)));
+        line(label(c[Cap::ShaftPower], "kW", scaled(k.pShaft)));
+    }
+    // A heat pump names its heating capacity " Qh " with the heat pump word;
+    // French, Italian, Spanish and Portuguese join the words with their "of".
+    if (heatPump) {
+        const std::string pump = type == "HEATP" ? c[Cap::PlantHeatPump] : c[Cap::PlantHeatPumpTwoStage];
+        line(label(c[Cap::HeatingCapacity] + std::string(GrammaticalJoint(lang, Joint::Of)) + pump + " Qh", "kW",
+                   scaled(qh)));
+        line(label("COP", "-", NumberText(Cut(k.cop, 2))));
+    } else {
+        line(label(c[Cap::HeatingCapacity], "kW", scaled(qh)));
+        line(label("EER", "-", NumberText(Cut(k.eer, 2))));
+    }
+    line(label(c[Cap::KindCompressor], "-", CompressorWord(ws, p.KondArt)));
     line(label(c[Cap::MassFlow], "kg/s", NumberText(Cut(k.massFlow, 4))));
     line(label(c[Cap::DischargeTemp], "°C", NumberText(Cut(k.tDischargeC, 1))));
     line(label(c[Cap::RequiredSweptVolume], "m³/h", NumberText(Cut(k.requiredSweptVolume, 2))));

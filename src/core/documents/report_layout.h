@@ -39,6 +39,12 @@ std::vector<DrawingList> LayoutReport(const Workspace& ws, const std::vector<Rep
 // where they have been written.
 std::vector<ReportSet> PlantReportSets(const Workspace& ws);
 
+// The factor further capacity figures of the plant results are rounded by:
+// 1000 up to 10 kW of refrigerating capacity, 100 above 10 kW, 10 above 100 kW.
+double CapacityScale(double q0);
+// The word of a compressor principle 1..5; "Turbo" for kind 4.
+std::string CompressorWord(const Workspace& ws, int principle);
+
 // Writes ergDt3.DAT: the plant results of the last calculation.
 bool WritePlantResults(Workspace& ws);
 // Writes KWcalc.DAT: the heat exchanger sheet of the plant, evaporator and

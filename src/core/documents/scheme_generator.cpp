@@ -213,6 +213,48 @@ SchemeFile ComposeScheme(const Workspace& ws, int mode) {
         c.Line(5, 5300, 5660, 9000, 5660, lineText(EconomizerSuction), 1);
         c.Line(5, 9000, 5660, 9000, 3400);
     }
+    // Side circuits of a load split: each further suction branch a line
+    // pair with its solenoid valve, regulator and ball valve, its text the
+    // branch's capacity; further discharge branches on the second form.
+    {
+        const ListFile suction = ReadListFile(ws, "SP_TempS.dat", 0, 8);
+        const double ys[3] = {6810, 5660, 4510};
+        for (std::size_t i = 1; i < suction.rows.size() && i <= 3; ++i) {
+            const double y = ys[i - 1];
+            const std::string text = suction.rows[i][3] + "  " + suction.rows[i][2] + " kW";
+            c.Line(5, 6200, 9800, 6200, y);
+            c.Line(5, 6200, y, 11200, y, text, 1);
+            c.Symbol(16, 7000, y - 120, 150, 240);
+            c.Symbol(17, 7600, y - 150, 160, 300);
+            c.Symbol(512, 8200, y - 150, 180, 300);
+        }
+        const ListFile discharge = ReadListFile(ws, "SP_TempD.dat", 0, 8);
+        const double yd[2] = {4510, 4600};
+        for (std::size_t i = 1; i < discharge.rows.size() && i <= 2; ++i) {
+            const double y = yd[i - 1] + 0;
+            const double x = 8600 - 200.0 * static_cast<double>(i);
+            const std::string text = discharge.rows[i][3] + "  " + discharge.rows[i][2] + " kW";
+            c.Line(6, x, 2800, x, y);
+            c.Line(6, x, y, 6400 + 200.0 * static_cast<double>(i - 1), y, text, 1);
+            c.Line(6, 6400 + 200.0 * static_cast<double>(i - 1), y, 6400 + 200.0 * static_cast<double>(i - 1), 2800);
+        }
+    }
+    // The extra side circuit (oil-side heat recovery): its capacity field and device.
+    if (p.OelKuehler != 0) {
+        c.Symbol(335, 12300, 2000, 800, 250, NumberText(std::trunc(ws.cycle.pShaft * 0.1 * 100) / 100) + " kW");
+        c.Symbol(47, 12250, 3200, 300, 300, "");
+        c.Line(1, 12400, 2250, 12400, 3200);
+    }
+    // The further discharge branch of a hot-gas defrost: down to the
+    // evaporator inlet, with its valves on the way.
+    if (p.AbtauArt != 0) {
+        c.Line(6, 6400, 2800, 6400, 3000);
+        c.Line(6, 6400, 3000, 4600, 3000);
+        c.Line(6, 4600, 3000, 4600, 9800, cap[Cap::DefrostHotGas], 2);
+        c.Symbol(452, 4525, 7325, 150, 240);
+        c.Symbol(16, 4525, 7625, 150, 240, KindListCaption(ws, 5));
+        c.Symbol(512, 4510, 7925, 180, 300, KindListCaption(ws, 6));
+    }
     // A second stage: the intermediate vessel and its loop.
     if (IsTwoStagePlant(p.AnlagenTyp)) {
         c.Symbol(19, 7350, 5800, 400, 500, cap[Cap::IntermediatePressure]);
@@ -226,8 +268,12 @@ SchemeFile ComposeScheme(const Workspace& ws, int mode) {
         c.Symbol(340, 6270, 6000, 160, 280, KindListCaption(ws, 10));
     }
 
-    // The compressor block.
+    // The compressor block; a two-stage plant draws one per compressor,
+    // each 300 further right and 200 further down.
     c.Symbol(14, 8800, 2580, 440, 400, unitText(12));
+    if (IsTwoStagePlant(p.AnlagenTyp))
+        for (int i = 1; i < std::max(1, static_cast<int>(p.ArmaturZahl[14][2])) && i < 4; ++i)
+            c.Symbol(14, 8800 + 300.0 * i, 2580 + 200.0 * i, 440, 400, unitText(12));
     c.Line(1, 9000, 3400, 9000, 3200);
     c.Line(1, 9000, 3400, 9600, 3400);
     c.Line(1, 9600, 3400, 9600, 5200);
