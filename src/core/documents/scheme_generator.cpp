@@ -356,12 +356,6 @@ DrawingList DrawScheme(const SchemeFile& f) {
             } else {
                 d.Line(e.x1, e.y1, e.x2, e.y2, {colour, width});
             }
-            if (!Trim(e.text).empty() && e.text != "Linie") {
-                const bool vertical = std::fabs(e.x2 - e.x1) < std::fabs(e.y2 - e.y1);
-                auto& t = d.Text((e.x1 + e.x2) / 2 + (vertical ? 60 : 0), (e.y1 + e.y2) / 2 - (vertical ? 0 : 50), e.text,
-                                 Label(130), colour, vertical ? HAlign::Left : HAlign::Centre, VAlign::Bottom);
-                if (vertical) t.rotation = -90;
-            }
             continue;
         }
         const double x = e.x1, y = e.y1, w = e.x2, h = e.y2;
@@ -418,10 +412,23 @@ DrawingList DrawScheme(const SchemeFile& f) {
         const bool bubble = e.code == 300 || e.code == 301 || e.code == 302;
         const bool arrow = e.code == 717 || e.code == 719;
         if (text.empty() || bubble || arrow) continue;
-        if (h < w && h < 400)
+        if ((h < w && h < 400) || e.code == 17)
             d.Text(x + w / 2, y + h + 40, text, Label(110), kSymbol, HAlign::Centre, VAlign::Top);
         else
             d.Text(x + w + 40, y + h / 2, text, Label(120), kSymbol, HAlign::Left, VAlign::Middle);
+    }
+    // The texts of the lines last, so that no symbol covers them.
+    for (const SchemeElement& e : f.elements) {
+        if (!IsLineElement(e.code) || !inside(e.x1, e.y1) || !inside(e.x2, e.y2)) continue;
+        const Rgb colour = e.code == 5 ? kSuction : e.code == 6 ? kDischarge : e.code == 7 ? kCondensate
+                         : e.code == 8 ? kLiquid : kControl;
+        if (Trim(e.text).empty() || e.text == "Linie") continue;
+        const bool vertical = std::fabs(e.x2 - e.x1) < std::fabs(e.y2 - e.y1);
+        // Upright lines carry their text on the left, reading upward, clear
+        // of the symbols whose texts stand on their right.
+        auto& t = d.Text((e.x1 + e.x2) / 2 - (vertical ? 50 : 0), (e.y1 + e.y2) / 2 - (vertical ? 0 : 130), e.text,
+                         Label(130), colour, HAlign::Centre, VAlign::Bottom);
+        if (vertical) t.rotation = -90;
     }
     return d;
 }
