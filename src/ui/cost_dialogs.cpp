@@ -20,6 +20,7 @@
 #include "shell/numbers.h"
 #include "shell/workspace.h"
 #include "ui/qt_interface.h"
+#include "ui/screen_fit.h"
 #include "workbook/workbook.h"
 
 namespace kvui {
@@ -60,7 +61,7 @@ CostDataDialog::CostDataDialog(kv::Workspace& ws, QWidget* parent) : QDialog(par
     layout->addWidget(message_);
     layout->addLayout(buttons);
     ShowMode(601);
-    resize(900, 560);
+    FitToScreen(ws_, this, QSize(900, 560));
 }
 
 void CostDataDialog::ShowMode(int mode) {
@@ -152,7 +153,7 @@ DetailPriceDialog::DetailPriceDialog(kv::Workspace& ws, kv::CostDataScreen& scre
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(table_, 1);
     layout->addLayout(buttons);
-    resize(720, 520);
+    FitToScreen(ws_, this, QSize(720, 520));
 }
 
 bool DetailPriceDialog::Apply() {
@@ -237,7 +238,7 @@ ExportDialog::ExportDialog(kv::Workspace& ws, kv::CostingMode mode, QWidget* par
     layout->addLayout(buttons);
     sums_->setVisible(mode == kv::CostingMode::Costing);
     Fill();
-    resize(mode == kv::CostingMode::Costing ? 1200 : 900, 600);
+    FitToScreen(ws_, this, QSize(mode == kv::CostingMode::Costing ? 1200 : 900, 600));
 }
 
 void ExportDialog::Fill() {

@@ -24,6 +24,7 @@
 #include "ui/cost_dialogs.h"
 #include "ui/ped_dialog.h"
 #include "ui/qt_interface.h"
+#include "ui/screen_fit.h"
 
 namespace kvui {
 
@@ -161,7 +162,7 @@ ListDialog::ListDialog(kv::Workspace& ws, const QString& file, QWidget* parent) 
     layout->addLayout(buttons);
     for (std::size_t t = 0; t < kv::kScreenLists.size(); ++t)
         if (file.toStdString() == kv::kScreenLists[t]) tabs_->setCurrentIndex(static_cast<int>(t));
-    resize(1100, 560);
+    FitToScreen(ws_, this, QSize(1100, 560));
 }
 
 void ListDialog::ShowList(int tab) { tabs_->setCurrentIndex(tab); }
@@ -340,7 +341,7 @@ LineElectricDialog::LineElectricDialog(kv::Workspace& ws, QWidget* parent) : QDi
     layout->addWidget(message_);
     layout->addLayout(buttons);
     Fill();
-    resize(980, 620);
+    FitToScreen(ws_, this, QSize(980, 620));
 }
 
 void LineElectricDialog::Fill() {
@@ -419,7 +420,7 @@ OrderNumbersDialog::OrderNumbersDialog(kv::Workspace& ws, QWidget* parent) : QDi
     layout->addWidget(grid_, 1);
     layout->addLayout(buttons);
     Fill();
-    resize(820, 480);
+    FitToScreen(ws, this, QSize(820, 480));
 }
 
 void OrderNumbersDialog::ChooseMaker(int maker) {

@@ -16,6 +16,7 @@
 #include "shell/numbers.h"
 #include "shell/workspace.h"
 #include "ui/qt_interface.h"
+#include "ui/screen_fit.h"
 
 namespace kvui {
 
@@ -71,7 +72,7 @@ LoadSplitDialog::LoadSplitDialog(kv::Workspace& ws, bool discharge, QWidget* par
     layout->addWidget(table_, 1);
     layout->addWidget(message_);
     layout->addLayout(buttons);
-    resize(640, 480);
+    FitToScreen(ws_, this, QSize(640, 480));
 }
 
 void LoadSplitDialog::Take() {

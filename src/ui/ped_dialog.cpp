@@ -15,6 +15,7 @@
 #include "shell/numbers.h"
 #include "shell/workspace.h"
 #include "ui/qt_interface.h"
+#include "ui/screen_fit.h"
 
 namespace kvui {
 
@@ -101,7 +102,7 @@ PedDialog::PedDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent), ws_(
 
     kv::OpenPedScreen(ws_, screen_, 1);
     Fill();
-    resize(960, 520);
+    FitToScreen(ws_, this, QSize(960, 520));
 }
 
 void PedDialog::Fill() {

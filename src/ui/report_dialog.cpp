@@ -26,6 +26,7 @@
 #include "shell/workspace.h"
 #include "ui/picture_view.h"
 #include "ui/qt_interface.h"
+#include "ui/screen_fit.h"
 
 namespace kvui {
 
@@ -176,7 +177,7 @@ ReportDialog::ReportDialog(kv::Workspace& ws, QWidget* parent) : QDialog(parent)
     layout->addLayout(buttons);
     Relayout();
     ShowSet(0);
-    resize(1200, 760);
+    FitToScreen(ws_, this, QSize(1200, 700));
 }
 
 void ReportDialog::ShowSet(int set) {

@@ -16,6 +16,7 @@
 #include "shell/workspace.h"
 #include "ui/picture_view.h"
 #include "ui/qt_interface.h"
+#include "ui/screen_fit.h"
 
 namespace kvui {
 
@@ -69,7 +70,7 @@ ViewerDialog::ViewerDialog(kv::Workspace& ws, const QString& file, QWidget* pare
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(scroll_, 1);
     layout->addLayout(buttons);
-    resize(1200, 840);
+    FitToScreen(ws_, this, QSize(1200, 700));
     Fit();
 }
 

@@ -19,6 +19,12 @@
 #include "ui/diagram_dialog.h"
 #include "ui/help_dialog.h"
 #include "ui/main_window.h"
+#include "ui/cost_dialogs.h"
+#include "ui/list_dialogs.h"
+#include "ui/load_split_dialog.h"
+#include "ui/ped_dialog.h"
+#include "ui/report_dialog.h"
+#include "ui/viewer_dialog.h"
 #include "ui/project_data_dialog.h"
 #include "ui/qt_interface.h"
 #include "ui/scheme_dialog.h"
@@ -80,6 +86,15 @@ TEST_F(Fit, EveryScreenFitsALaptopInEveryLanguage) {
         {"catalogue_manager", [this] { return new kvui::CatalogueManagerDialog(ws); }},
         {"help", [this] { return new kvui::HelpDialog(ws, QStringLiteral("Kelvaris")); }},
         {"welcome", [this] { return new kvui::WelcomeDialog(ws); }},
+        {"parts_list", [this] { return new kvui::ListDialog(ws, QStringLiteral("Stklst.DAT")); }},
+        {"line_electric", [this] { return new kvui::LineElectricDialog(ws); }},
+        {"order_numbers", [this] { return new kvui::OrderNumbersDialog(ws); }},
+        {"ped_protocol", [this] { return new kvui::PedDialog(ws); }},
+        {"costing", [this] { return new kvui::ExportDialog(ws, kv::CostingMode::Costing); }},
+        {"cost_data", [this] { return new kvui::CostDataDialog(ws); }},
+        {"report", [this] { return new kvui::ReportDialog(ws); }},
+        {"scheme_viewer", [this] { return new kvui::ViewerDialog(ws, QStringLiteral("RIFliess.dat")); }},
+        {"load_split", [this] { return new kvui::LoadSplitDialog(ws, false); }},
     };
     const QByteArray shots = qgetenv("KV_SCREENSHOTS");
     for (std::string_view code : kv::kLanguages) {
