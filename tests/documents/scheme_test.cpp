@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <variant>
 
 #include "cycle/kernel.h"
@@ -34,6 +35,7 @@ TEST(ElementLines, FieldsMarksAndBlanks) {
     EXPECT_EQ(shortLine.x1, 2050);
     EXPECT_EQ(shortLine.y1, 0);
     EXPECT_EQ(kv::ParseElement("").code, 0);
+    EXPECT_EQ(kv::ParseElement("1e99§$ 1§$").code, std::numeric_limits<int>::max());  // clamped, not undefined
     // A file: ten header records, then the elements; an unknown code and
     // coordinates far off the sheet are drawn as a box or left out.
     const kv::SchemeFile f = kv::ParseSchemeText(

@@ -121,6 +121,11 @@ TEST(CostGrid, RecalculationSumsAndMargin) {
     EXPECT_NEAR(s.margin, s.sales - (60 + 18 + 200 + 12.75), 1e-9);
     EXPECT_EQ(s.hours, 1);
     EXPECT_EQ(s.restMinutes, 18);
+    // Figures beyond any range (a damaged file) give sums, not a crash.
+    std::vector<kv::CostRow> huge(1);
+    huge[0][0] = "1e300", huge[0][7] = "1e300", huge[0][8] = "nan";
+    const kv::CostSums h = kv::RecalculateCosts(huge, r);
+    EXPECT_GE(h.hours, 0);
     std::vector<kv::CostRow> none;
     EXPECT_EQ(kv::RecalculateCosts(none, r).marginPercent, 0);
 

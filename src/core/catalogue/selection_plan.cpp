@@ -54,7 +54,7 @@ int FittingCount(const Workspace& ws, int kind, int section) {
     // economizer and bypass carry one of each fitting the plan names.
     if (column == 0 || section < 1 || section > 5) return 1;
     const double n = ToNumber(p.Armatur.Cell(column, section));
-    return std::isfinite(n) && n >= 1 ? static_cast<int>(n) : 0;
+    return n >= 1 ? WholeNumber(n) : 0;
 }
 
 double CondensateDensity(const CycleState& c) {

@@ -351,11 +351,11 @@ bool WriteEcoProtocol(Workspace& ws, const SeasonalResult* year) {
         std::array<std::string, 25> b;
         for (std::string& item : b)
             if (!blocks.Read(item)) break;
-        const int kind = static_cast<int>(ToNumber(Trim(b[2])));
+        const int kind = WholeNumber(ToNumber(Trim(b[2])));
         if (kind != 13 && kind != 14) continue;
         const std::string base = b[9].substr(0, std::min<std::size_t>(7, b[9].size()));
-        const long long record = static_cast<long long>(ToNumber(Trim(b[10])));
-        const int position = static_cast<int>(ToNumber(Trim(b[18])));
+        const long long record = WholeNumberLong(ToNumber(Trim(b[10])));
+        const int position = WholeNumber(ToNumber(Trim(b[18])));
         for (const SeriesArticle& a : ReadSeriesArticles(ws, base, position))
             if (a.record == record) {
                 const std::string cls = EnergyClass(KindGroupCode(kind), a.article);

@@ -53,14 +53,14 @@ SchemeElement ParseElement(std::string_view line) {
         return std::isfinite(v) ? v : 0.0;
     };
     SchemeElement e;
-    e.code = static_cast<int>(number(0));
+    e.code = WholeNumber(number(0));
     e.x1 = number(1);
     e.y1 = number(2);
     e.x2 = number(3);
     e.y2 = number(4);
     e.text = field(5);
     for (std::size_t i = 6; i < fields.size(); ++i) e.rest.push_back(fields[i]);
-    e.labelPlace = static_cast<int>(number(8));
+    e.labelPlace = WholeNumber(number(8));
     return e;
 }
 

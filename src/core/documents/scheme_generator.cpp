@@ -122,8 +122,8 @@ SchemeFile ComposeScheme(const Workspace& ws, int mode) {
     {
         RecordReader in = OpenIn(ws, "ACT_WT.dat");
         double a = 0, b = 0;
-        if (in.Read(a) && a > 0) evapNumber = static_cast<int>(a);
-        if (in.Read(b) && b > 0) condNumber = static_cast<int>(b);
+        if (in.Read(a) && a > 0) evapNumber = WholeNumber(a);
+        if (in.Read(b) && b > 0) condNumber = WholeNumber(b);
     }
     const int evapElement = EvaporatorElement(evapNumber), condElement = CondenserElement(condNumber);
 
@@ -150,7 +150,7 @@ SchemeFile ComposeScheme(const Workspace& ws, int mode) {
 
     // The evaporator group: the expansion valve, then one injection line or a distributor.
     c.Symbol(17, 4140, 9650, 160, 300, unitText(2) == KindListCaption(ws, 2) ? partText(2, Injection) : unitText(2));
-    const int evaporators = std::max(1, static_cast<int>(p.ArmaturZahl[9][1]));
+    const int evaporators = std::max(1, WholeNumber(p.ArmaturZahl[9][1]));
     if (evaporators == 1) {
         c.Line(5, 4300, 9800, 5000, 9800, lineText(Injection), 0);
     } else {

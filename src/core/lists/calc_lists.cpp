@@ -54,7 +54,7 @@ std::string Label(const std::string& word, const char* unit, const std::string& 
 
 int BendsOfRun(double length) {
     if (!(length > 0) || !std::isfinite(length)) return 0;
-    return 2 + static_cast<int>(length / 3);
+    return 2 + WholeNumber(length / 3);
 }
 
 std::vector<CalculatedLine> CalculatedLines(Workspace& ws) {
@@ -92,7 +92,7 @@ bool WriteCalculationLists(Workspace& ws, bool appendFittings) {
         WriteHeader(w, ws);
         for (const CalculatedLine& l : lines)
             w.Item(l.caption).Item(NumberText(Cut(l.length, 2))).Item(l.size).Item(l.insulation)
-                .Item(std::to_string(static_cast<int>(l.length / 3))).EndLine();
+                .Item(std::to_string(WholeNumber(l.length / 3))).EndLine();
         for (const CalculatedLine& l : lines)
             w.Item(c[Cap::Bend] + " " + l.caption).Item(std::to_string(BendsOfRun(l.length)))
                 .Item("90° " + l.size).Item("").Item("").EndLine();
@@ -104,7 +104,7 @@ bool WriteCalculationLists(Workspace& ws, bool appendFittings) {
         RecordWriter w;
         if (FileLength(ws, lists::kFittings) == 0) WriteHeader(w, ws);
         const std::string tee = c[Cap::Tee], reducer = c[Cap::Reducer];
-        const int evaporators = std::max(1, static_cast<int>(ws.project.ArmaturZahl[9][1]));
+        const int evaporators = std::max(1, WholeNumber(ws.project.ArmaturZahl[9][1]));
         auto teeOn = [&](int section, int count) {
             if (const CalculatedLine* l = Find(lines, section); l && count > 0)
                 FittingRow(w, l->caption, tee + " " + SizeWord(l->outer), l->size, l->outer, 0, count);

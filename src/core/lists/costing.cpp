@@ -174,7 +174,7 @@ std::string DetailPriceFile(Workspace& ws, std::string_view sizeText, int tableM
             if ((c >= '0' && c <= '9') || c == '.') digits += c;
         d = ToNumber(digits);
     }
-    return prefix + std::to_string(static_cast<long long>(std::trunc(d))) + "." + std::string(language);
+    return prefix + std::to_string(WholeNumberLong(d)) + "." + std::string(language);
 }
 
 std::vector<CostRow> RunCosting(const Workspace& ws, CostingMode mode, const std::string& stored) {
@@ -398,8 +398,8 @@ CostSums RecalculateCosts(std::vector<CostRow>& rows, const BasicRates& rates) {
     }
     s.margin = s.sales - (s.labourCost + s.materialCost);
     s.marginPercent = s.sales != 0 ? std::trunc(s.margin * 10000 / s.sales) / 100 : 0.0;
-    s.hours = static_cast<int>(std::trunc(s.minutes / 60));
-    s.restMinutes = static_cast<int>(std::trunc(60 * (s.minutes / 60 - s.hours)));
+    s.hours = WholeNumber(s.minutes / 60);
+    s.restMinutes = WholeNumber(60 * (s.minutes / 60 - s.hours));
     return s;
 }
 

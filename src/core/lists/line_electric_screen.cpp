@@ -104,7 +104,7 @@ std::vector<WiringRow> ProposeWiring(const Workspace& ws) {
     rows.push_back(Cable(KindListCaption(ws, 13), LineLength(ws, Suction) + 5, 0.015 * c.Q0, volts, three,
                          UnitText(ws, units, 13), 1));
     // Coils and safety chain: control voltage, three cores of 1.5 mm².
-    const int solenoids = std::max(1, static_cast<int>(ToNumber(ws.project.Armatur.Cell(7, Liquid))));
+    const int solenoids = std::max(1, WholeNumber(ToNumber(ws.project.Armatur.Cell(7, Liquid))));
     rows.push_back({KindListCaption(ws, 5), NumberText(std::ceil(LineLength(ws, Liquid) + 5)), ConductorText(3, 1.5),
                     cap[Cap::KindSolenoidValve], std::to_string(solenoids)});
     return rows;

@@ -108,7 +108,7 @@ void FittingEntry(const Workspace& ws, RecordWriter& w, const SelectRequest& q, 
         Line(w, "        " + c[Cap::ShareOfLoss] + " /[%] :  §$&" + NumberText(Cut(100 * drop / (line + drop), 1)));
 }
 
-int Count(double v) { return std::isfinite(v) && v >= 1 ? static_cast<int>(v) : 1; }
+int Count(double v) { return v >= 1 ? std::min(WholeNumber(v), 100000) : 1; }
 
 }  // namespace
 
@@ -256,7 +256,7 @@ ListGeneration GenerateLists(Workspace& ws) {
             const double own = ToNumber(acc[0]);
             // The designation carries the accessory's order number behind a
             // comma: the order column holds the parent's word.
-            accessory(std::to_string(quantity * (own > 0 ? static_cast<int>(own) : 1)),
+            accessory(std::to_string(quantity * (own > 0 ? std::min(WholeNumber(own), 100000) : 1)),
                       Trim(acc[2]).empty() ? acc[1] : acc[2] + ", " + acc[1], acc[3]);
         }
         if (!row[3].empty() && row[3].front() == '#') {

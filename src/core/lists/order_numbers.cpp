@@ -40,11 +40,11 @@ void ReadList(const Workspace& ws, std::string_view list, std::string_view chang
                 const std::size_t comma = text.rfind(", ");
                 const std::string number = comma == std::string::npos ? text : text.substr(comma + 2);
                 const std::string name = comma == std::string::npos ? std::string(Trim(row[2])) : text.substr(0, comma);
-                out.push_back({maker, number, name, kind, std::max(1, static_cast<int>(ToNumber(Trim(row[7]))))});
+                out.push_back({maker, number, name, kind, std::max(1, WholeNumber(ToNumber(Trim(row[7]))))});
             }
             continue;
         }
-        out.push_back({maker, order, std::string(Trim(row[1])), kind, std::max(1, static_cast<int>(ToNumber(Trim(row[7]))))});
+        out.push_back({maker, order, std::string(Trim(row[1])), kind, std::max(1, WholeNumber(ToNumber(Trim(row[7]))))});
     }
 }
 

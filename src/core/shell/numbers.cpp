@@ -181,4 +181,18 @@ double Cut(double value, int decimals) {
     return std::trunc(x + (x >= 0 ? guard : -guard)) / f;
 }
 
+int WholeNumber(double v) {
+    if (!std::isfinite(v)) return 0;
+    constexpr double lo = static_cast<double>(std::numeric_limits<int>::min());
+    constexpr double hi = static_cast<double>(std::numeric_limits<int>::max());
+    return static_cast<int>(std::trunc(std::clamp(v, lo, hi)));
+}
+
+long long WholeNumberLong(double v) {
+    if (!std::isfinite(v)) return 0;
+    // The largest doubles that still convert: 2^63 is already out of range.
+    constexpr double lo = -9.2e18, hi = 9.2e18;
+    return static_cast<long long>(std::trunc(std::clamp(v, lo, hi)));
+}
+
 }  // namespace kv

@@ -64,4 +64,9 @@ std::string_view TrimLeft(std::string_view s);
 std::string_view TrimRight(std::string_view s);
 std::string_view Trim(std::string_view s);
 
+// A count or code read from a file as an int: cut towards zero, a value
+// beyond the int range clamped to it, a value that is not a number 0.
+int WholeNumber(double v);
+long long WholeNumberLong(double v);
+
 }  // namespace kv
