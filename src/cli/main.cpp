@@ -181,6 +181,8 @@ int main(int argc, char** argv) {
         const std::string a = argv[i];
         if (a == "--json") o.json = true;
         else if (a == "-h" || a == "--help") { std::cout << kUsage; return 0; }
+        else if (a == "--with-length") o.values["with-length"] = "1";
+        else if (a == "--with-speed") o.values["with-speed"] = "1";
         else if (a.rfind("--", 0) == 0 && a.size() > 2) {
             if (i + 1 >= argc) { std::cerr << "kelvaris-cli: " << a << " needs a value\n"; return 2; }
             const std::string key = a.substr(2), value = argv[++i];

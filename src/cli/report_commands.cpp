@@ -81,12 +81,15 @@ int CmdScheme(const Options& o) {
     const auto out = o.values.find("out");
     if (o.args.size() != 2 || (rif == o.values.end() && out == o.values.end()) ||
         (m != o.values.end() && (!NumberArg(m->second, mode) || (mode != 0 && mode != 32 && mode != 132))))
-        return Fail("usage: kelvaris-cli scheme PROJECT.prj [--mode 0|32|132] [--rif FILE] [--out FILE.svg|.pdf|.png]");
+        return Fail("usage: kelvaris-cli scheme PROJECT.prj [--mode 0|32|132] [--with-length] [--with-speed] [--rif FILE] [--out FILE.svg|.pdf|.png]");
     kv::Workspace ws = MakeWorkspace(o);
     int code = 0;
     kv::SchemeScreen scheme;
     if (!CalculateWithLists(o, ws, scheme, code)) return code;
-    const kv::SchemeFile file = kv::ComposeScheme(ws, static_cast<int>(mode));
+    kv::SchemeOptions options;
+    options.length = o.values.count("with-length") > 0;
+    options.speed = o.values.count("with-speed") > 0;
+    const kv::SchemeFile file = kv::ComposeScheme(ws, static_cast<int>(mode), options);
     if (rif != o.values.end() && !kv::WriteFileAtomic(rif->second, kv::SchemeText(file))) {
         std::cerr << "kelvaris-cli: cannot write " << rif->second << "\n";
         return 1;

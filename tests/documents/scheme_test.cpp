@@ -93,6 +93,16 @@ TEST_F(Scheme, PlainPlantOnItsGrid) {
     EXPECT_NE(Find(f, 14, 8800, 2580), nullptr);
     EXPECT_EQ(Find(f, 5, 4300, 9680), nullptr);
 
+    // The options of the line texts: length, pressure drop and velocity.
+    kv::SchemeOptions options;
+    options.length = options.speed = true;
+    const kv::SchemeFile withOptions = kv::ComposeScheme(ws, 0, options);
+    const kv::SchemeElement* texted = Find(withOptions, 5, 11200, 9800);
+    ASSERT_NE(texted, nullptr);
+    EXPECT_NE(texted->text.find(", l ="), std::string::npos);
+    EXPECT_NE(texted->text.find("*dp ="), std::string::npos);
+    EXPECT_NE(texted->text.find("m/s"), std::string::npos);
+
     ws.project.ArmaturZahl[9][1] = 2;
     f = kv::ComposeScheme(ws, 0);
     EXPECT_NE(Find(f, 5, 4300, 9680), nullptr);

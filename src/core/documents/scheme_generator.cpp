@@ -84,7 +84,7 @@ int EvaporatorElement(int number) {
     }
 }
 
-SchemeFile ComposeScheme(const Workspace& ws, int mode) {
+SchemeFile ComposeScheme(const Workspace& ws, int mode, const SchemeOptions& options) {
     Composer c{ws, {}};
     const Project& p = ws.project;
     const Captions& cap = ws.captions;
@@ -101,9 +101,13 @@ SchemeFile ComposeScheme(const Workspace& ws, int mode) {
                 if (r[0] == KindListCaption(ws, kind)) return r[1];
         return KindListCaption(ws, kind);
     };
+    // Mode 132 names the parts by the PED list (kind, line, designation).
+    const ListFile ped = mode == 132 ? ReadListFile(ws, lists::kPed, 0, lists::kPedRow) : ListFile{};
     auto partText = [&](int kind, int section) {
         if (mode) {
             const std::string line = LineSectionCaption(ws, section), kindWord = KindListCaption(ws, kind);
+            for (const auto& r : ped.rows)
+                if (r[2] == kindWord && r[3] == line) return r[5];
             for (const auto& r : parts.rows)
                 if (r[0] == kindWord && r[5] == line) return r[1];
         }
@@ -113,8 +117,13 @@ SchemeFile ComposeScheme(const Workspace& ws, int mode) {
     // Line texts: the size and the caption of the line.
     const LineSizeFile sizes = ReadLineSizeFile(ws);
     auto lineText = [&](int section) {
-        const std::string& size = sizes.size[static_cast<std::size_t>(section)];
-        return size.empty() ? LineSectionCaption(ws, section) : size + " " + LineSectionCaption(ws, section);
+        const auto i = static_cast<std::size_t>(section);
+        const std::string& size = sizes.size[i];
+        std::string text = size.empty() ? LineSectionCaption(ws, section) : size + " " + LineSectionCaption(ws, section);
+        if (options.length && sizes.length[i] > 0) text += ", l =" + NumberText(sizes.length[i]) + "m";
+        if (options.speed && !size.empty())
+            text += " *dp =" + NumberText(sizes.lossK[i]) + "K, v =" + NumberText(sizes.velocity[i]) + "m/s";
+        return text;
     };
 
     // Heat exchangers by ACT_WT.dat: evaporator number, condenser number.
@@ -300,7 +309,9 @@ SchemeFile ComposeScheme(const Workspace& ws, int mode) {
     return c.f;
 }
 
-bool WriteScheme(Workspace& ws, int mode) { return WriteSchemeFile(ws, "RIFliess.dat", ComposeScheme(ws, mode)); }
+bool WriteScheme(Workspace& ws, int mode, const SchemeOptions& options) {
+    return WriteSchemeFile(ws, "RIFliess.dat", ComposeScheme(ws, mode, options));
+}
 
 namespace {
 

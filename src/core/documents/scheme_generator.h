@@ -24,11 +24,18 @@ inline constexpr double kSheetHeight = 10800.0;
 int CondenserElement(int number);
 int EvaporatorElement(int number);
 
+// The options of the line texts: the length, and the pressure drop with
+// the velocity, behind the size.
+struct SchemeOptions {
+    bool length = false;
+    bool speed = false;
+};
+
 // Mode 0 a plain scheme, 32 the component names of the generated lists,
 // 132 those of the PED list; 32 and 132 fall back to 0 with an empty units list.
-SchemeFile ComposeScheme(const Workspace& ws, int mode);
+SchemeFile ComposeScheme(const Workspace& ws, int mode, const SchemeOptions& options = {});
 // Composes and writes RIFliess.dat.
-bool WriteScheme(Workspace& ws, int mode);
+bool WriteScheme(Workspace& ws, int mode, const SchemeOptions& options = {});
 
 // The drawing of an element file: lines in the colour of their circuit,
 // symbols by code, texts at their places; an unknown code is a labelled box
